@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "host/host.h"
+
+namespace tessel {
+
+// The panel: its backdrop layers and the table of the application's
+// notifications. The host view (of the class "TesselGenericNotificationView")
+// keeps this object alive; this object names its view without keeping it.
+class TesselGenericNotificationView : public host::ViewDelegate,
+                                      public host::TableDataSource,
+                                      public std::enable_shared_from_this<TesselGenericNotificationView> {
+ public:
+  TesselGenericNotificationView() = default;
+
+  // `alloc` + `initWithFrame:bundleIdentifier:`: the panel's view, or nothing
+  // when the base initialiser fails.
+  static host::Ref<host::View> initWithFrameBundleIdentifier(const host::Rect& frame,
+                                                             const host::String& bundleIdentifier);
+  // The panel behind a view of this class, or nothing.
+  static host::Ref<TesselGenericNotificationView> of(const host::Ref<host::View>& view);
+
+  void updateForFrameChange();
+
+  // |host::ViewDelegate|
+  void layoutSubviews() noexcept override;
+  // |host::TableDataSource|
+  std::int64_t tableViewNumberOfRowsInSection(const host::Ref<host::TableView>& table,
+                                              std::int64_t section) noexcept override;
+  host::Ref<host::TableViewCell> tableViewCellForRowAtIndexPath(const host::Ref<host::TableView>& table,
+                                                                const host::IndexPath& indexPath) noexcept override;
+  void tableViewDidSelectRowAtIndexPath(const host::Ref<host::TableView>& table,
+                                        const host::IndexPath& indexPath) noexcept override;
+
+  // The view this panel draws into.
+  host::Ref<host::View> view() const { return view_.lock(); }
+
+  // Properties, in declaration order.
+  const host::String& bundleIdentifier() const { return bundleIdentifier_; }
+  void setBundleIdentifier(host::String value) { bundleIdentifier_ = std::move(value); }
+  const host::Ref<host::BackdropSettings>& folderBlurBackSettings() const { return folderBlurBackSettings_; }
+  void setFolderBlurBackSettings(host::Ref<host::BackdropSettings> v) { folderBlurBackSettings_ = std::move(v); }
+  const host::Ref<host::View>& folderBlurBack() const { return folderBlurBack_; }
+  void setFolderBlurBack(host::Ref<host::View> v) { folderBlurBack_ = std::move(v); }
+  const host::Ref<host::BackdropView>& folderBlurArrowBackground() const { return folderBlurArrowBackground_; }
+  void setFolderBlurArrowBackground(host::Ref<host::BackdropView> v) { folderBlurArrowBackground_ = std::move(v); }
+  const host::Ref<host::View>& folderBlurArrowView() const { return folderBlurArrowView_; }
+  void setFolderBlurArrowView(host::Ref<host::View> v) { folderBlurArrowView_ = std::move(v); }
+  const host::Ref<host::BackdropSettings>& fullBackBlurSettings() const { return fullBackBlurSettings_; }
+  void setFullBackBlurSettings(host::Ref<host::BackdropSettings> v) { fullBackBlurSettings_ = std::move(v); }
+  const host::Ref<host::BackdropView>& fullBackBlur() const { return fullBackBlur_; }
+  void setFullBackBlur(host::Ref<host::BackdropView> v) { fullBackBlur_ = std::move(v); }
+  const host::Ref<host::TableView>& notificationTable() const { return notificationTable_; }
+  void setNotificationTable(host::Ref<host::TableView> v) { notificationTable_ = std::move(v); }
+  const host::Ref<host::BezierPath>& backBezierPath() const { return backBezierPath_; }
+  void setBackBezierPath(host::Ref<host::BezierPath> v) { backBezierPath_ = std::move(v); }
+  const host::Ref<host::Image>& whitenUpBackBlurImage() const { return whitenUpBackBlurImage_; }
+  void setWhitenUpBackBlurImage(host::Ref<host::Image> v) { whitenUpBackBlurImage_ = std::move(v); }
+  const host::Ref<host::View>& whitenUpBackBlurImageView() const { return whitenUpBackBlurImageView_; }
+  void setWhitenUpBackBlurImageView(host::Ref<host::View> v) { whitenUpBackBlurImageView_ = std::move(v); }
+  const host::BulletinArray& bulletins() const { return bulletins_; }
+  void setBulletins(host::BulletinArray v) { bulletins_ = std::move(v); }
+  double verticalOffset() const { return verticalOffset_; }
+  void setVerticalOffset(double v) { verticalOffset_ = v; }
+  double arrowOffset() const { return arrowOffset_; }
+  void setArrowOffset(double v) { arrowOffset_ = v; }
+
+ private:
+  host::Weak<host::View> view_;
+  host::String bundleIdentifier_;
+  host::Ref<host::BackdropSettings> folderBlurBackSettings_;
+  host::Ref<host::View> folderBlurBack_;
+  host::Ref<host::BackdropView> folderBlurArrowBackground_;
+  host::Ref<host::View> folderBlurArrowView_;
+  host::Ref<host::BackdropSettings> fullBackBlurSettings_;
+  host::Ref<host::BackdropView> fullBackBlur_;
+  host::Ref<host::TableView> notificationTable_;
+  host::Ref<host::BezierPath> backBezierPath_;
+  host::Ref<host::Image> whitenUpBackBlurImage_;
+  host::Ref<host::View> whitenUpBackBlurImageView_;
+  host::BulletinArray bulletins_;
+  double verticalOffset_ = 0;
+  double arrowOffset_ = 0;
+};
+
+}  // namespace tessel
