@@ -15,6 +15,10 @@ host::Ref<host::Class> ClassCache::get(const std::string& name) {
   return cls;
 }
 
+void ClassCache::remember(const std::string& name, host::Ref<host::Class> cls) {
+  classes_.insert_or_assign(name, std::move(cls));
+}
+
 Module::Module(host::Host& h) : host(h), classes(h) { loaded = this; }
 
 Module::~Module() {

@@ -10,6 +10,9 @@
 namespace tessel {
 
 class TesselNotificationController;
+namespace hooks {
+struct PreviousImplementations;
+}
 
 // Host classes by name, each looked up on first use and kept for the life of
 // the process (a failed lookup is kept as nothing too).
@@ -17,6 +20,8 @@ class ClassCache {
  public:
   explicit ClassCache(host::Host& host) : host_(host) {}
   host::Ref<host::Class> get(const std::string& name);
+  // Keeps a class that the library itself made known under `name`.
+  void remember(const std::string& name, host::Ref<host::Class> cls);
 
  private:
   host::Host& host_;
@@ -37,6 +42,8 @@ struct Module {
   bool enabledPreference = true;
   // `sharedController`'s instance, made once on first use.
   std::shared_ptr<TesselNotificationController> controller;
+  // The host's implementations of the replaced methods, filled at install.
+  std::shared_ptr<hooks::PreviousImplementations> previous;
 };
 
 Module& module();

@@ -64,6 +64,9 @@ class TesselNotificationController : public host::ActionTarget,
   // `init`.
   TesselNotificationController() = default;
   void init();
+  // Once the panel has settled: moves everything back inside the window when
+  // the panel sticks out of it or the held icon sits at its top.
+  void keepPanelInsideWindow(const host::Ref<host::View>& panelView);
   // The icon views that the page's icons are shown by: the visible icons of
   // the open folder's list or of the current page's list.
   std::vector<host::Ref<host::IconView>> gatherIconViews() const;

@@ -70,6 +70,16 @@ class TesselGenericNotificationView : public host::ViewDelegate,
   void setArrowOffset(double v) { arrowOffset_ = v; }
 
  private:
+  static constexpr const char* kCellIdentifier = "notificationCell";
+
+  // Steps of building, revealing and filling the panel.
+  void buildBackdropLayers(const host::Rect& frame);
+  void revealBackdrop();
+  void fadeInBackdrop();
+  host::Ref<host::BulletinSectionController> sectionForBundleIdentifier() const;
+  void showEmptyListLabel();
+  void showNotificationTable(const host::Ref<host::BulletinListSection>& section);
+
   host::Weak<host::View> view_;
   host::String bundleIdentifier_;
   host::Ref<host::BackdropSettings> folderBlurBackSettings_;

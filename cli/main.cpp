@@ -1,0 +1,58 @@
+#include <iostream>
+#include <optional>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/commands.h"
+#include "cli/runner.h"
+
+int main(int argc, char** argv) {
+  using namespace tessel::cli;
+  CLI::App app{
+      "tessel-sim plays scripted scenarios of the notification panel on a simulated phone home screen and writes "
+      "state dumps, traces and pictures."};
+  app.require_subcommand(1);
+
+  std::string outDirectory = "out";
+  std::optional<double> scale;
+  std::string scenarioPath;
+  std::string imagePath;
+  bool json = false;
+
+  auto* demo = app.add_subcommand("demo", "Play the built-in demo scenario and write its pictures and dumps");
+  demo->add_option("--out", outDirectory, "Directory for the output files")->capture_default_str();
+  demo->add_option("--scale", scale, "Pixels per point of the pictures (overrides the scenario's)")
+      ->check(CLI::Range(0.25, 4.0));
+
+  auto* run = app.add_subcommand("run", "Play a scenario file (\"-\" reads standard input)");
+  run->add_option("scenario", scenarioPath, "Scenario file (JSON)")->required();
+  run->add_option("--out", outDirectory, "Directory for the output files")->capture_default_str();
+  run->add_option("--scale", scale, "Pixels per point of the pictures (overrides the scenario's)")
+      ->check(CLI::Range(0.25, 4.0));
+
+  auto* check = app.add_subcommand("check", "Validate a scenario file without running it");
+  check->add_option("scenario", scenarioPath, "Scenario file (JSON)")->required();
+
+  auto* color = app.add_subcommand("color", "Print the averageColor and mergedColor of a PNG image");
+  color->add_option("image", imagePath, "PNG image")->required()->check(CLI::ExistingFile);
+  color->add_flag("--json", json, "Print {\"averageColor\": [r, g, b, a], \"mergedColor\": [r, g, b, a]}");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    int status = app.exit(e);
+    return status == 0 ? kExitOk : kExitInvalid;
+  }
+
+  try {
+    if (*demo) return demoCommand(outDirectory, scale, std::cout, std::cerr);
+    if (*run) return runCommand(scenarioPath, outDirectory, scale, std::cout, std::cerr);
+    if (*check) return checkCommand(scenarioPath, std::cout, std::cerr);
+    if (*color) return colorCommand(imagePath, json, std::cout, std::cerr);
+  } catch (const std::exception& e) {
+    std::cerr << "tessel-sim: " << e.what() << "\n";
+    return kExitInvalid;
+  }
+  return kExitInvalid;
+}

@@ -1,0 +1,269 @@
+#include "cli/runner.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <list>
+#include <memory>
+#include <ostream>
+#include <sstream>
+
+#include <fmt/format.h>
+
+#include "cli/expect.h"
+#include "cli/output_file.h"
+#include "cli/timeline.h"
+#include "sim/world.h"
+#ifdef TESSEL_HAVE_RENDER
+#include "render/render.h"
+#endif
+
+namespace tessel::cli {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace {
+
+// How long after the last event the final state is taken, so that every
+// animation and queued block has settled.
+constexpr double kSettleTime = 1.0;
+
+// A scratch directory standing for the phone's file system, gone at the end.
+class ScratchDirectory {
+ public:
+  ScratchDirectory() {
+    std::string pattern = (fs::temp_directory_path() / "tessel-phone-XXXXXX").string();
+    if (char* made = mkdtemp(pattern.data())) path_ = made;
+  }
+  ~ScratchDirectory() {
+    std::error_code ignored;
+    if (!path_.empty()) fs::remove_all(path_, ignored);
+  }
+  ScratchDirectory(const ScratchDirectory&) = delete;
+  ScratchDirectory& operator=(const ScratchDirectory&) = delete;
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+class Run {
+ public:
+  Run(const Scenario& scenario, const RunOptions& options, std::ostream& out, std::ostream& err)
+      : scenario_(scenario), options_(options), out_(out), err_(err) {}
+
+  int play() {
+    std::error_code ec;
+    fs::create_directories(options_.outDirectory, ec);
+    if (ec || !fs::is_directory(options_.outDirectory)) {
+      err_ << "cannot make the output directory " << options_.outDirectory << ": " << ec.message() << "\n";
+      return kExitInvalid;
+    }
+    ScratchDirectory phone;
+    if (phone.path().empty()) {
+      err_ << "cannot make a scratch directory for the phone's files\n";
+      return kExitInvalid;
+    }
+    sim::WorldConfig config = scenario_.world;
+    config.fileSystemRoot = phone.path();
+    sim::World world(config);
+    world_ = &world;
+
+    double end = 0;
+    for (const Event& event : scenario_.events) {
+      advanceTo(event.at);
+      perform(event);
+      end = std::max({end, event.at, event.action == "record" ? event.until : 0.0});
+      if (failedToWrite_) return kExitInvalid;
+    }
+    advanceTo(end + kSettleTime);
+    finishRecordings();
+    json finalState = world.dump();
+    write("final.state.json", finalState.dump(2) + "\n");
+    std::string trace;
+    for (const auto& line : world.trace()) trace += line.dump() + "\n";
+    write("trace.jsonl", trace);
+    write("timeline.json", makeTimeline(finalState, world.trace()).dump() + "\n");
+    if (failedToWrite_) return kExitInvalid;
+    return expectationsFailed_ ? kExitExpectFailed : kExitOk;
+  }
+
+ private:
+  double pictureScale() const { return options_.scale.value_or(scenario_.world.screen.scale); }
+
+  // Moves the clock forward, taking the frames of running recordings on the way.
+  void advanceTo(double t) {
+#ifdef TESSEL_HAVE_RENDER
+    for (;;) {
+      Recording* next = nullptr;
+      for (auto& recording : recordings_) {
+        if (recording.nextFrame <= t + 1e-9 && (!next || recording.nextFrame < next->nextFrame)) next = &recording;
+      }
+      if (!next) break;
+      world_->advanceTo(std::max(world_->time(), next->nextFrame));
+      next->animation->addFrame(render::renderWorld(*world_, pictureScale()));
+      ++next->frame;
+      next->nextFrame = next->start + next->frame / next->fps;
+      if (next->nextFrame > next->until + 1e-9) finishRecording(*next);
+      recordings_.remove_if([](const Recording& r) { return r.done; });
+    }
+#endif
+    if (t > world_->time()) world_->advanceTo(t);
+  }
+
+  void perform(const Event& e) {
+    sim::World& w = *world_;
+    const std::string& a = e.action;
+    bool known = true;
+    if (a == "unlock") {
+      w.unlock();
+    } else if (a == "lock") {
+      w.lock();
+    } else if (a == "layout") {
+      known = w.layout(e.icon.empty() ? std::nullopt : std::optional<std::string>(e.icon));
+    } else if (a == "gesture") {
+      known = w.gesture(e.icon, e.gesture, e.hold);
+    } else if (a == "tap") {
+      w.tap(e.point);
+    } else if (a == "tapRow") {
+      known = w.tapRow(e.row);
+    } else if (a == "home") {
+      w.home(e.handled);
+    } else if (a == "doubleHome") {
+      w.doubleHome(e.handled);
+    } else if (a == "switcherTap") {
+      known = w.switcherTap(e.icon);
+    } else if (a == "switcherLaunch") {
+      known = w.switcherLaunch(e.icon);
+    } else if (a == "launch") {
+      known = w.launch(e.icon);
+    } else if (a == "keyboard") {
+      w.keyboard(e.show, e.frame);
+    } else if (a == "editing") {
+      w.editing(e.on);
+    } else if (a == "openFolder") {
+      known = w.openFolder(e.folder);
+    } else if (a == "closeFolder") {
+      known = w.closeFolder(e.folder);
+    } else if (a == "page") {
+      known = w.page(e.index);
+    } else if (a == "notify") {
+      w.notify(e.icon, e.notification);
+    } else if (a == "settings") {
+      w.settings(e.settings);
+    } else if (a == "dump") {
+      write(e.name + ".state.json", w.dump().dump(2) + "\n");
+    } else if (a == "expect") {
+      if (auto failure = checkExpectation(e, w.dump())) {
+        out_ << fmt::format("expect failed at t={}: {}\n", e.at, *failure);
+        expectationsFailed_ = true;
+      }
+    } else if (a == "snapshot") {
+      snapshot(e);
+    } else if (a == "record") {
+      startRecording(e);
+    }
+    if (!known) err_ << fmt::format("note: at t={} the {} event found nothing to act on\n", e.at, a);
+  }
+
+  void snapshot(const Event& e) {
+#ifdef TESSEL_HAVE_RENDER
+    std::string path = (fs::path(options_.outDirectory) / (e.name + ".png")).string();
+    std::string error;
+    if (!render::writePng(render::renderWorld(*world_, pictureScale()), path, error)) {
+      err_ << error << "\n";
+      failedToWrite_ = true;
+      return;
+    }
+    wrote(path);
+#else
+    err_ << "note: this build draws no pictures; snapshot " << e.name << " skipped\n";
+#endif
+  }
+
+  void startRecording(const Event& e) {
+#ifdef TESSEL_HAVE_RENDER
+    const auto& screen = scenario_.world.screen;
+    int width = static_cast<int>(std::lround(screen.width * pictureScale()));
+    int height = static_cast<int>(std::lround(screen.height * pictureScale()));
+    Recording recording;
+    recording.name = e.name;
+    recording.start = e.at;
+    recording.until = e.until;
+    recording.fps = e.fps;
+    recording.nextFrame = e.at;
+    recording.animation = std::make_shared<render::Animation>(width, height, e.fps);
+    recordings_.push_back(recording);
+    advanceTo(e.at);
+#else
+    err_ << "note: this build draws no pictures; record " << e.name << " skipped\n";
+#endif
+  }
+
+  void finishRecordings() {
+#ifdef TESSEL_HAVE_RENDER
+    for (auto& recording : recordings_) finishRecording(recording);
+    recordings_.clear();
+#endif
+  }
+
+#ifdef TESSEL_HAVE_RENDER
+  struct Recording {
+    std::string name;
+    double start = 0;
+    double until = 0;
+    double fps = 60;
+    int frame = 0;
+    double nextFrame = 0;
+    bool done = false;
+    std::shared_ptr<render::Animation> animation;
+  };
+
+  void finishRecording(Recording& recording) {
+    if (recording.done) return;
+    recording.done = true;
+    std::string path = (fs::path(options_.outDirectory) / (recording.name + ".webp")).string();
+    std::string error;
+    if (!recording.animation->write(path, error)) {
+      err_ << error << "\n";
+      failedToWrite_ = true;
+      return;
+    }
+    wrote(path);
+  }
+
+  std::list<Recording> recordings_;
+#endif
+
+  void write(const std::string& name, const std::string& contents) {
+    std::string path = (fs::path(options_.outDirectory) / name).string();
+    std::string error;
+    if (!writeFileAtomically(path, contents, error)) {
+      err_ << error << "\n";
+      failedToWrite_ = true;
+    }
+  }
+
+  void wrote(const std::string& path) {
+    ++pictures_;
+    if (options_.progress) out_ << fmt::format("[{}] wrote {}\n", pictures_, path);
+  }
+
+  const Scenario& scenario_;
+  const RunOptions& options_;
+  std::ostream& out_;
+  std::ostream& err_;
+  sim::World* world_ = nullptr;
+  bool expectationsFailed_ = false;
+  bool failedToWrite_ = false;
+  int pictures_ = 0;
+};
+
+}  // namespace
+
+int runScenario(const Scenario& scenario, const RunOptions& options, std::ostream& out, std::ostream& err) {
+  return Run(scenario, options, out, err).play();
+}
+
+}  // namespace tessel::cli

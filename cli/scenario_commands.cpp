@@ -1,0 +1,70 @@
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "cli/demo_scenario.h"
+#include "cli/runner.h"
+
+namespace tessel::cli {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Reads a scenario from a file ("-": standard input) and checks it; prints
+// every problem and answers nothing when it is invalid.
+std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err) {
+  std::string text;
+  std::string base;
+  if (path == "-") {
+    text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+    base = fs::current_path().string();
+  } else {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+      err << path << ": cannot read the scenario file\n";
+      return std::nullopt;
+    }
+    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    base = fs::absolute(path).parent_path().string();
+  }
+  ParseResult result = parseScenarioText(text, base);
+  std::string name = path == "-" ? "<stdin>" : path;
+  for (const auto& problem : result.errors) err << name << ": " << problem << "\n";
+  return result.scenario;
+}
+
+}  // namespace
+
+int demoCommand(const std::string& outDirectory, std::optional<double> scale, std::ostream& out, std::ostream& err) {
+  ParseResult result = parseScenarioText(std::string(demoScenarioText()), fs::current_path().string());
+  for (const auto& problem : result.errors) err << "demo scenario: " << problem << "\n";
+  if (!result.scenario) return kExitInvalid;
+  RunOptions options{outDirectory, scale, true};
+  out << "tessel-sim demo: playing the built-in scenario into " << outDirectory << "/\n";
+  int status = runScenario(*result.scenario, options, out, err);
+  if (status != kExitInvalid) {
+    out << "wrote " << (fs::path(outDirectory) / "final.state.json").string() << ", trace.jsonl and timeline.json\n";
+  }
+  return status;
+}
+
+int runCommand(const std::string& scenarioPath, const std::string& outDirectory, std::optional<double> scale,
+               std::ostream& out, std::ostream& err) {
+  auto scenario = loadScenario(scenarioPath, err);
+  if (!scenario) return kExitInvalid;
+  RunOptions options{outDirectory, scale, false};
+  return runScenario(*scenario, options, out, err);
+}
+
+int checkCommand(const std::string& scenarioPath, std::ostream& out, std::ostream& err) {
+  auto scenario = loadScenario(scenarioPath, err);
+  if (!scenario) return kExitInvalid;
+  out << scenarioPath << ": valid (" << scenario->events.size() << " events)\n";
+  return kExitOk;
+}
+
+}  // namespace tessel::cli

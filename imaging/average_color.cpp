@@ -1,0 +1,67 @@
+#include "imaging/average_color.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace tessel {
+namespace {
+
+// A byte of the copied pixels; past the end of the copy it reads as 0, since
+// the last pixels of a narrow format read a little beyond the stored bytes.
+std::uint8_t byteAt(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
+  return offset < bytes.size() ? bytes[offset] : 0;
+}
+
+}  // namespace
+
+host::Color averageColor(const host::Ref<host::Image>& image) {
+  const std::vector<std::uint8_t> bytes = image->copyData();
+  const std::size_t height = image->height();
+  const std::size_t width = image->width();
+  const std::size_t bytesPerRow = image->bytesPerRow();
+  const std::size_t step = image->bitsPerPixel() >> 3;
+
+  // 32-bit sums that wrap, as the stored pixels are summed on the device.
+  std::uint32_t sum0 = 0;
+  std::uint32_t sum1 = 0;
+  std::uint32_t sum2 = 0;
+  for (std::size_t row = 0; row < height; ++row) {
+    for (std::size_t column = 0; column < width; ++column) {
+      const std::size_t pixel = row * bytesPerRow + column * step;
+      if (pixel + 2 < bytes.size()) {
+        sum0 += bytes[pixel];
+        sum1 += bytes[pixel + 1];
+        sum2 += bytes[pixel + 2];
+      } else {
+        sum0 += byteAt(bytes, pixel);
+        sum1 += byteAt(bytes, pixel + 1);
+        sum2 += byteAt(bytes, pixel + 2);
+      }
+    }
+  }
+
+  // Single precision, multiplied in this order; a zero size makes it
+  // infinite and the components not-a-number.
+  const float factor = 1.0f / (static_cast<float>(height) * (static_cast<float>(width) * 255.0f));
+  const double widened = static_cast<double>(factor);
+  return host::Color::colorWithRedGreenBlueAlpha(static_cast<double>(sum0) * widened,
+                                                 static_cast<double>(sum1) * widened,
+                                                 static_cast<double>(sum2) * widened, 1.0);
+}
+
+host::Color mergedColor(host::Host& host, const host::Ref<host::Image>& image) {
+  auto context = host.beginImageContext({1.0, 1.0});
+  context->setInterpolationQuality(/* medium */ 4);
+  context->drawImage(image, {0, 0, 1, 1}, /* copy */ 17, 1.0);
+  const std::vector<std::uint8_t> pixel = context->bitmapData();
+  // The context stores blue, green, red, alpha.
+  const float red = static_cast<float>(byteAt(pixel, 2)) / 255.0f;
+  const float green = static_cast<float>(byteAt(pixel, 1)) / 255.0f;
+  const float blue = static_cast<float>(byteAt(pixel, 0)) / 255.0f;
+  auto color = host::Color::colorWithRedGreenBlueAlpha(red, green, blue, 1.0);
+  context->end();
+  return color;
+}
+
+}  // namespace tessel
