@@ -10,7 +10,8 @@ constexpr double kLastListControllerRelease = 800.0;
 std::optional<host::BulletinArray> bulletinsFromListController(const host::String& bundleIdentifier) {
   host::Ref<host::LegacyBulletinSection> section;
   for (std::int64_t index = 0;; ++index) {
-    auto list = host::cast<host::BulletinListController>(classNamed("SBBulletinListController")->sharedInstanceIfExists());
+    auto list =
+        host::cast<host::BulletinListController>(classNamed("SBBulletinListController")->sharedInstanceIfExists());
     section = list->_sectionAtIndex(index);
     if (!section) return std::nullopt;
     if (host::isEqualToString(section->sectionID(), bundleIdentifier)) break;

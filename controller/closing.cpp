@@ -111,17 +111,18 @@ void TesselNotificationController::removeTesselViewsFromView(const host::Ref<hos
   }));
 }
 
-void TesselNotificationController::performClosingAnimationOnViewWithHandledView(
-    const host::Ref<host::View>& container, const host::Ref<host::View>& handled) {
+void TesselNotificationController::performClosingAnimationOnViewWithHandledView(const host::Ref<host::View>& container,
+                                                                                const host::Ref<host::View>& handled) {
   auto animator = hostRef().animator();
   animator->animateWithDuration(0.275, shieldedBlock([] { shared().arrowView->setAlpha(0); }));
   animator->animateWithDuration(0.425, shieldedBlock([handled] {
-    handled->setAlpha(0);
-    shared().arrowView->setAlpha(0);
-  }));
+                                  handled->setAlpha(0);
+                                  shared().arrowView->setAlpha(0);
+                                }));
   hostRef().mainQueue()->after(kIconFadeDelayNanoseconds, shieldedBlock([] {
-    hostRef().animator()->animateWithDuration(0.25, shieldedBlock([] { shared().iconView->setAlpha(0); }));
-  }));
+                                 hostRef().animator()->animateWithDuration(
+                                     0.25, shieldedBlock([] { shared().iconView->setAlpha(0); }));
+                               }));
   animator->animateWithDuration(0.3, shieldedBlock([handled] { fold(handled); }));
   animator->animateWithDuration(0.375, shieldedBlock([self = shared_from_this()] { returnHomeScreen(*self); }),
                                 shieldedBlock([container](bool) { sweep(container); }));

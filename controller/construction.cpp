@@ -81,7 +81,8 @@ host::Ref<host::Application> applicationForBundleIdentifier(const host::String& 
 // icon, its label hidden.
 host::Ref<host::IconView> makeIconCopy(const host::Ref<host::Application>& application,
                                        const host::Ref<host::IconView>& sender, const host::Rect& icon) {
-  auto applicationIcon = host::cast<host::Icon>(classNamed("SBApplicationIcon")->alloc())->initWithApplication(application);
+  auto applicationIcon =
+      host::cast<host::Icon>(classNamed("SBApplicationIcon")->alloc())->initWithApplication(application);
   auto copy = host::cast<host::IconView>(classNamed("SBIconView")->alloc())->initWithDefaultSize();
   copy->_setIconAnimated(applicationIcon, true);
   copy->setDelegate(iconController());

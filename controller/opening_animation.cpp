@@ -80,14 +80,14 @@ void TesselNotificationController::performOpeningAnimation() {
   state.newTesselFrame = {0, built.y + built.height * 0.5 + 10, screen.width, screen.height / 20};
   double arrowY = dock ? state.oldArrowFrame.y - state.newTesselFrame.height
                        : state.oldArrowFrame.y + (state.newTesselFrame.y - state.oldTesselFrame.y);
-  state.intermediateArrowFrame = {state.oldArrowFrame.x, arrowY, state.oldArrowFrame.width,
-                                  state.oldArrowFrame.height};
+  state.intermediateArrowFrame = {state.oldArrowFrame.x, arrowY, state.oldArrowFrame.width, state.oldArrowFrame.height};
   panelView->setFrame(state.newTesselFrame);
   arrow->setFrame(state.intermediateArrowFrame);
 
   hostRef().mainQueue()->after(kIconFadeDelayNanoseconds, shieldedBlock([] {
-    hostRef().animator()->animateWithDuration(0.25, shieldedBlock([] { shared().iconView->setAlpha(1.0); }));
-  }));
+                                 hostRef().animator()->animateWithDuration(
+                                     0.25, shieldedBlock([] { shared().iconView->setAlpha(1.0); }));
+                               }));
 
   auto self = shared_from_this();
   auto grow = [self, panelView, shifts] {
@@ -141,12 +141,13 @@ void TesselNotificationController::keepPanelInsideWindow(const host::Ref<host::V
     return;
   }
   hostRef().animator()->animateWithDuration(0.375, shieldedBlock([views, panelView, dy] {
-    auto& state = shared();
-    for (const auto& view : views) moveViewVertically(view, dy);
-    moveViewVertically(panelView, dy);
-    moveViewVertically(state.arrowView.lock(), dy);
-    if (!state.globalViewSender->isInDock()) moveViewVertically(state.iconView.lock(), dy);
-  }));
+                                              auto& state = shared();
+                                              for (const auto& view : views) moveViewVertically(view, dy);
+                                              moveViewVertically(panelView, dy);
+                                              moveViewVertically(state.arrowView.lock(), dy);
+                                              if (!state.globalViewSender->isInDock())
+                                                moveViewVertically(state.iconView.lock(), dy);
+                                            }));
 }
 
 }  // namespace tessel

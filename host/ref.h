@@ -39,10 +39,21 @@ class Ref {
   std::shared_ptr<T> object_;
 };
 
+// The address of the whole object, whichever of its interfaces `object`
+// points at (interfaces are virtual bases, so those addresses differ).
+template <class T>
+const void* identityOf(const T* object) {
+  if constexpr (std::is_polymorphic_v<T>) {
+    return dynamic_cast<const void*>(object);
+  } else {
+    return object;
+  }
+}
+
 // Identity, as the platform compares object pointers.
 template <class T, class U>
 bool operator==(const Ref<T>& a, const Ref<U>& b) {
-  return static_cast<const void*>(a.get()) == static_cast<const void*>(b.get());
+  return identityOf(a.get()) == identityOf(b.get());
 }
 template <class T>
 bool operator==(const Ref<T>& a, std::nullptr_t) {

@@ -31,6 +31,8 @@ class World {
   SimHost& host();
   const SimHost& host() const;
   const WorldConfig& config() const;
+  // The loaded library.
+  const Module* module() const;
   double time() const;
   // Runs every block, timer and animation completion due up to `t`, in time
   // order, then sets the clock to `t`.

@@ -24,9 +24,9 @@ struct WorldConfig {
     long long activationMethod = 0;
   };
   struct App {
-    std::string name;        // generated from the identifier when empty
-    std::string color;       // "#RRGGBB"; generated when empty
-    std::string iconPath;    // a PNG drawn as the icon; empty: a generated icon
+    std::string name;      // generated from the identifier when empty
+    std::string color;     // "#RRGGBB"; generated when empty
+    std::string iconPath;  // a PNG drawn as the icon; empty: a generated icon
   };
   struct Folder {
     std::string name;

@@ -1,0 +1,82 @@
+#include "render/backdrop.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "render/blur.h"
+#include "render/shapes.h"
+
+namespace tessel::render {
+namespace {
+
+struct DeviceBox {
+  int x0, y0, x1, y1;
+  bool empty() const { return x1 <= x0 || y1 <= y0; }
+};
+
+DeviceBox deviceBox(cairo_t* cr, double x0, double y0, double x1, double y1) {
+  double xs[4] = {x0, x1, x0, x1};
+  double ys[4] = {y0, y0, y1, y1};
+  double left = INFINITY, top = INFINITY, right = -INFINITY, bottom = -INFINITY;
+  for (int i = 0; i < 4; ++i) {
+    cairo_user_to_device(cr, &xs[i], &ys[i]);
+    left = std::min(left, xs[i]);
+    right = std::max(right, xs[i]);
+    top = std::min(top, ys[i]);
+    bottom = std::max(bottom, ys[i]);
+  }
+  return {int(std::floor(left)), int(std::floor(top)), int(std::ceil(right)), int(std::ceil(bottom))};
+}
+
+DeviceBox intersect(const DeviceBox& a, const DeviceBox& b) {
+  return {std::max(a.x0, b.x0), std::max(a.y0, b.y0), std::min(a.x1, b.x1), std::min(a.y1, b.y1)};
+}
+
+}  // namespace
+
+Frost frostForBackdropStyle(std::int64_t style) {
+  switch (style) {
+    case 1:
+      return {12, {0.07, 0.07, 0.09, 0.55}};
+    case 2:
+      return {6, {0.0, 0.0, 0.02, 0.32}};
+    default:
+      return {10, {1, 1, 1, 0.3}};
+  }
+}
+
+Frost lightFrost() { return {10, {0.92, 0.92, 0.96, 0.32}}; }
+
+void paintFrost(cairo_t* cr, LayerStack& layers, const host::Rect& rect, double scale, const Frost& frost,
+                double opacity) {
+  if (!(rect.width > 0) || !(rect.height > 0) || opacity <= 0) return;
+  cairo_surface_t* canvas = layers.canvas();
+  DeviceBox picture{0, 0, cairo_image_surface_get_width(canvas), cairo_image_surface_get_height(canvas)};
+  double cx0, cy0, cx1, cy1;
+  cairo_clip_extents(cr, &cx0, &cy0, &cx1, &cy1);
+  DeviceBox shown = intersect(intersect(deviceBox(cr, rect.x, rect.y, rect.x + rect.width, rect.y + rect.height),
+                                        deviceBox(cr, cx0, cy0, cx1, cy1)),
+                              picture);
+  if (shown.empty()) return;
+
+  double sigma = frost.blurPoints * scale;
+  BlurPlan plan = planBlur(sigma);
+  // What lies just outside the shown part bleeds into its edges.
+  int margin = int(std::ceil(2 * sigma));
+  DeviceBox sampled = intersect({shown.x0 - margin, shown.y0 - margin, shown.x1 + margin, shown.y1 + margin}, picture);
+  PixelRect behind = layers.flattened(sampled.x0, sampled.y0, sampled.x1 - sampled.x0, sampled.y1 - sampled.y0);
+  ReducedImage blurred = reduceAndBlur(behind, plan);
+
+  cairo_save(cr);
+  cairo_rectangle(cr, rect.x, rect.y, rect.width, rect.height);
+  cairo_clip(cr);
+  // The clip stays where it is; the blurred copy is placed in device pixels.
+  cairo_identity_matrix(cr);
+  setEnlargedSource(cr, blurred, sampled.x0, sampled.y0);
+  cairo_paint_with_alpha(cr, opacity);
+  setColor(cr, frost.tint);
+  cairo_paint_with_alpha(cr, opacity);
+  cairo_restore(cr);
+}
+
+}  // namespace tessel::render

@@ -1,0 +1,60 @@
+#include "render/surface.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace tessel::render {
+
+Surface surfaceFromPicture(const Picture& picture) {
+  if (picture.width <= 0 || picture.height <= 0 ||
+      picture.rgba.size() != std::size_t(picture.width) * std::size_t(picture.height) * 4)
+    return nullptr;
+  Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, picture.width, picture.height));
+  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
+  PixelRect pixels = pixelsOf(surface.get());
+  const std::uint8_t* in = picture.rgba.data();
+  for (int y = 0; y < pixels.height; ++y) {
+    std::uint32_t* row = pixels.pixels + std::size_t(y) * std::size_t(pixels.stride);
+    for (int x = 0; x < pixels.width; ++x, in += 4) {
+      std::uint32_t a = in[3];
+      auto premultiply = [a](std::uint32_t c) { return (c * a + 127) / 255; };
+      row[x] = (a << 24) | (premultiply(in[0]) << 16) | (premultiply(in[1]) << 8) | premultiply(in[2]);
+    }
+  }
+  cairo_surface_mark_dirty(surface.get());
+  return surface;
+}
+
+Picture pictureFromSurface(cairo_surface_t* surface) {
+  PixelRect pixels = pixelsOf(surface);
+  Picture picture;
+  picture.width = pixels.width;
+  picture.height = pixels.height;
+  picture.rgba.resize(std::size_t(pixels.width) * std::size_t(pixels.height) * 4);
+  std::uint8_t* out = picture.rgba.data();
+  for (int y = 0; y < pixels.height; ++y) {
+    const std::uint32_t* row = pixels.pixels + std::size_t(y) * std::size_t(pixels.stride);
+    for (int x = 0; x < pixels.width; ++x, out += 4) {
+      std::uint32_t p = row[x];
+      std::uint32_t a = p >> 24;
+      auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
+      out[0] = std::uint8_t(straight((p >> 16) & 255u));
+      out[1] = std::uint8_t(straight((p >> 8) & 255u));
+      out[2] = std::uint8_t(straight(p & 255u));
+      out[3] = std::uint8_t(a);
+    }
+  }
+  return picture;
+}
+
+PixelRect pixelsOf(cairo_surface_t* surface) {
+  cairo_surface_flush(surface);
+  PixelRect pixels;
+  pixels.pixels = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface));
+  pixels.width = cairo_image_surface_get_width(surface);
+  pixels.height = cairo_image_surface_get_height(surface);
+  pixels.stride = cairo_image_surface_get_stride(surface) / 4;
+  return pixels;
+}
+
+}  // namespace tessel::render

@@ -1,0 +1,113 @@
+#include "sim/property_list.h"
+
+#include <plist/plist.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <vector>
+
+namespace tessel::sim {
+
+namespace {
+
+// Frees a libplist tree when it goes out of scope.
+struct PlistTree {
+  plist_t node = nullptr;
+  ~PlistTree() {
+    if (node) plist_free(node);
+  }
+};
+
+std::shared_ptr<host::Value> valueOf(plist_t node) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+      std::uint8_t b = 0;
+      plist_get_bool_val(node, &b);
+      return std::make_shared<SimValue>(b != 0);
+    }
+    case PLIST_UINT: {
+      std::uint64_t v = 0;
+      plist_get_uint_val(node, &v);
+      // Integers are stored as 64 bits; negative ones come back as their two's complement.
+      return std::make_shared<SimValue>(static_cast<std::int64_t>(v));
+    }
+    case PLIST_REAL: {
+      double v = 0;
+      plist_get_real_val(node, &v);
+      return std::make_shared<SimValue>(v);
+    }
+    case PLIST_STRING: {
+      char* text = nullptr;
+      plist_get_string_val(node, &text);
+      std::string s = text ? text : "";
+      if (text) free(text);
+      return std::make_shared<SimValue>(std::move(s));
+    }
+    default:
+      return std::make_shared<SimValue>(SimValue::Opaque{});
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<SimDictionary> readDictionaryFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return nullptr;
+  std::vector<char> bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (bytes.empty() || bytes.size() > std::numeric_limits<std::uint32_t>::max()) return nullptr;
+  PlistTree tree;
+  plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &tree.node);
+  if (!tree.node || plist_get_node_type(tree.node) != PLIST_DICT) return nullptr;
+
+  auto dictionary = std::make_shared<SimDictionary>();
+  plist_dict_iter it = nullptr;
+  plist_dict_new_iter(tree.node, &it);
+  if (!it) return dictionary;
+  for (;;) {
+    char* key = nullptr;
+    plist_t item = nullptr;
+    plist_dict_next_item(tree.node, it, &key, &item);
+    if (!item) {
+      if (key) free(key);
+      break;
+    }
+    if (key) {
+      dictionary->set(key, valueOf(item));
+      free(key);
+    }
+  }
+  free(it);
+  return dictionary;
+}
+
+bool writeSettingsFile(const std::string& path, const WorldConfig::Settings& settings) {
+  PlistTree tree;
+  tree.node = plist_new_dict();
+  plist_dict_set_item(tree.node, "enabled", plist_new_bool(settings.enabled));
+  plist_dict_set_item(tree.node, "darkMode", plist_new_bool(settings.darkMode));
+  plist_dict_set_item(tree.node, "activationMethod",
+                      plist_new_uint(static_cast<std::uint64_t>(settings.activationMethod)));
+  char* xml = nullptr;
+  std::uint32_t length = 0;
+  plist_to_xml(tree.node, &xml, &length);
+  if (!xml) return false;
+  std::string text(xml, length);
+  plist_to_xml_free(xml);
+
+  std::error_code ec;
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ec);
+  std::string temporary = path + ".writing";
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (!out) return false;
+    out << text;
+    if (!out.flush()) return false;
+  }
+  std::filesystem::rename(temporary, path, ec);
+  return !ec;
+}
+
+}  // namespace tessel::sim

@@ -1,0 +1,33 @@
+#include "sim/sim_gesture_recognizer.h"
+
+#include "sim/sim_view.h"
+
+namespace tessel::sim {
+
+SimGestureRecognizer::SimGestureRecognizer(SimHost& host, std::shared_ptr<SimClass> cls, Kind kind,
+                                           std::weak_ptr<host::ActionTarget> target, std::string action)
+    : SimObject(host, std::move(cls)),
+      kind_(kind),
+      target_(std::move(target)),
+      action_(std::move(action)),
+      taps_(kind == Kind::longPress ? 0 : 1) {}
+
+host::Ref<host::View> SimGestureRecognizer::view() const { return host::Ref<host::View>(view_.lock()); }
+
+void SimGestureRecognizer::sendAction() {
+  if (auto target = target_.lock()) target->performAction(action_, host::Ref<host::Object>(self<SimObject>()));
+}
+
+nlohmann::json SimGestureRecognizer::describe() const {
+  switch (kind_) {
+    case Kind::swipe:
+      return {{"kind", "swipe"}, {"direction", direction_}, {"touches", touches_}};
+    case Kind::tap:
+      return {{"kind", "tap"}, {"taps", taps_}, {"touches", touches_}};
+    case Kind::longPress:
+      return {{"kind", "longPress"}, {"taps", taps_}, {"touches", touches_}};
+  }
+  return {};
+}
+
+}  // namespace tessel::sim

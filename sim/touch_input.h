@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "host/geometry.h"
+#include "sim/sim_gesture_recognizer.h"
+
+namespace tessel::sim {
+
+class SimHost;
+
+// A finger on the screen, as the toolkit turns it into actions.
+
+// A tap at a point of the key window: the frontmost view there that takes
+// touches decides. A button sends its touch-up-inside actions, a table row
+// tells the table's delegate, a home-screen icon launches its application
+// (not while editing). Returns what took the tap ("button", "row", "icon")
+// or "" when nothing did.
+std::string tapAt(SimHost& host, const host::Point& windowPoint);
+
+// The toolkit's test of whether a recognizer takes a gesture ("swipeUp",
+// "swipeDown", "tap", "doubleTap", "tripleTap", "tapAndHold", "hold").
+bool recognizes(const SimGestureRecognizer& recognizer, const std::string& gesture);
+
+// A gesture on an icon's home-screen view: of the recognizers on the view
+// that take it, the first attached recognizes. A swipe or tap sends its
+// action now; a long press sends it when it begins (0.5 s after the finger
+// goes down) and again when the finger lifts after `hold` seconds. A plain
+// tap that no recognizer takes launches the icon's application unless the
+// home screen is being edited. False when the icon or gesture is unknown.
+bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold);
+
+// A tap on row `row` of the first table in the key window. False when there
+// is no table or no such row.
+bool tapTableRow(SimHost& host, long long row);
+
+// How long a finger must stay down before a long press begins.
+inline constexpr double kLongPressBegins = 0.5;
+
+}  // namespace tessel::sim

@@ -1,0 +1,266 @@
+#include "sim/world.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "controller/module.h"
+#include "hooks/library.h"
+#include "host/method_signatures.h"
+#include "sim/home_screen.h"
+#include "sim/json_values.h"
+#include "sim/property_list.h"
+#include "sim/sim_host.h"
+#include "sim/sim_notification_center.h"
+#include "sim/sim_value.h"
+#include "sim/state_dump.h"
+#include "sim/touch_input.h"
+
+namespace tessel::sim {
+
+namespace fs = std::filesystem;
+namespace sig = host::signature;
+using nlohmann::json;
+
+namespace {
+
+constexpr std::int64_t kUnlockSource = 0;
+constexpr std::int64_t kLaunchFromHomeScreen = 0;
+
+// A directory standing for the phone's "/" when the configuration names none.
+std::string makeScratchRoot() {
+  std::string pattern = (fs::temp_directory_path() / "tessel-world-XXXXXX").string();
+  const char* made = mkdtemp(pattern.data());
+  return made ? std::string(made) : std::string();
+}
+
+}  // namespace
+
+struct World::State {
+  WorldConfig config;
+  std::string scratchRoot;
+  // The library goes before the host that it lives in.
+  std::unique_ptr<SimHost> host;
+  std::unique_ptr<Module> module;
+
+  ~State() {
+    module.reset();
+    host.reset();
+    std::error_code ignored;
+    if (!scratchRoot.empty()) fs::remove_all(scratchRoot, ignored);
+  }
+
+  HomeScreen& home() { return *host->homeScreen(); }
+  std::string settingsPath() const { return host->localPath(kSettingsPath); }
+
+  // Runs one event as a turn of the main queue, traced with its fields.
+  template <class F>
+  void event(std::string_view what, json fields, F&& body) {
+    host->recorder().event(what, std::move(fields));
+    host->runTurn(std::forward<F>(body));
+  }
+};
+
+World::World(const WorldConfig& config) : state_(std::make_unique<State>()) {
+  auto& s = *state_;
+  s.config = config;
+  std::string root = config.fileSystemRoot;
+  if (root.empty()) root = s.scratchRoot = makeScratchRoot();
+  s.config.fileSystemRoot = root;
+  s.host = std::make_unique<SimHost>(s.config, root);
+
+  // The settings pane's file, as it is on the phone before the home screen starts.
+  std::string path = s.settingsPath();
+  std::error_code ec;
+  fs::create_directories(fs::path(path).parent_path(), ec);
+  if (config.settingsFile) {
+    fs::remove(path, ec);
+    if (*config.settingsFile != "none")
+      fs::copy_file(*config.settingsFile, path, fs::copy_options::overwrite_existing, ec);
+  } else {
+    writeSettingsFile(path, config.settings);
+  }
+
+  // The library is loaded first, so that its replacements see the home screen being made.
+  s.host->runTurn([&] { s.module = tessel::loadLibrary(*s.host); });
+  s.host->runTurn([&] { s.host->buildHomeScreen(); });
+}
+
+World::~World() = default;
+
+SimHost& World::host() { return *state_->host; }
+const SimHost& World::host() const { return *state_->host; }
+const WorldConfig& World::config() const { return state_->config; }
+const Module* World::module() const { return state_->module.get(); }
+double World::time() const { return state_->host->time(); }
+void World::advanceTo(double t) { state_->host->advanceTo(t); }
+
+void World::unlock() {
+  auto& s = *state_;
+  s.event("unlock", {}, [&] {
+    auto manager = s.home().lockScreenManager();
+    auto unlock = manager->simClass()->method<sig::LockScreenManagerUnlockUIFromSourceWithOptions>(
+        "unlockUIFromSource:withOptions:");
+    if (unlock) unlock(host::Ref<host::Object>(manager), kUnlockSource, {});
+  });
+}
+
+void World::lock() {
+  auto& s = *state_;
+  s.event("lock", {}, [&] {
+    auto controller = s.home().uiController();
+    auto changed = controller->simClass()->method<sig::UIControllerDeviceLockStateChanged>("_deviceLockStateChanged:");
+    if (changed) changed(host::Ref<host::Object>(controller), {});
+  });
+}
+
+bool World::layout(const std::optional<std::string>& bundleIdentifier) {
+  auto& s = *state_;
+  std::vector<std::shared_ptr<SimIconView>> views;
+  if (bundleIdentifier) {
+    auto icon = s.home().iconFor(*bundleIdentifier);
+    if (auto view = s.home().iconViewFor(icon.get())) views.push_back(view);
+    if (views.empty()) return false;
+  } else {
+    views = s.home().iconViews();
+  }
+  s.event("layout", {{"icon", bundleIdentifier ? json(*bundleIdentifier) : json(nullptr)}}, [&] {
+    for (const auto& view : views) s.host->layoutPass().setNeedsLayout(*view);
+  });
+  return true;
+}
+
+bool World::gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold) {
+  auto& s = *state_;
+  bool known = false;
+  s.event("gesture", {{"icon", bundleIdentifier}, {"gesture", gesture}, {"hold", hold}},
+          [&] { known = performGesture(*s.host, bundleIdentifier, gesture, hold); });
+  return known;
+}
+
+void World::tap(const host::Point& windowPoint) {
+  auto& s = *state_;
+  s.event("tap", {{"point", toJsonValue(windowPoint)}}, [&] { tapAt(*s.host, windowPoint); });
+}
+
+bool World::tapRow(long long row) {
+  auto& s = *state_;
+  bool known = false;
+  s.event("tapRow", {{"row", row}}, [&] { known = tapTableRow(*s.host, row); });
+  return known;
+}
+
+void World::home(bool handled) {
+  auto& s = *state_;
+  s.event("home", {{"handled", handled}}, [&] {
+    auto controller = s.home().uiController();
+    controller->setHandlesPress(handled);
+    auto press = controller->simClass()->method<sig::UIControllerClickedMenuButton>("clickedMenuButton");
+    if (press) press(host::Ref<host::Object>(controller));
+  });
+}
+
+void World::doubleHome(bool handled) {
+  auto& s = *state_;
+  s.event("doubleHome", {{"handled", handled}}, [&] {
+    auto controller = s.home().uiController();
+    controller->setHandlesPress(handled);
+    auto press = controller->simClass()->method<sig::UIControllerHandleMenuDoubleTap>("handleMenuDoubleTap");
+    if (press) press(host::Ref<host::Object>(controller));
+  });
+}
+
+bool World::switcherTap(const std::string& bundleIdentifier) {
+  auto& s = *state_;
+  auto application = s.home().applicationFor(bundleIdentifier);
+  if (!application) return false;
+  s.event("switcherTap", {{"icon", bundleIdentifier}}, [&] {
+    auto switcher = s.home().appSwitcher();
+    auto tapped =
+        switcher->simClass()->method<sig::AppSwitcherSwitcherScrollerItemTapped>("switcherScroller:itemTapped:");
+    if (tapped) tapped(host::Ref<host::Object>(switcher), {}, host::Ref<host::Object>(application));
+  });
+  return true;
+}
+
+bool World::switcherLaunch(const std::string& bundleIdentifier) {
+  auto& s = *state_;
+  if (!s.home().applicationFor(bundleIdentifier)) return false;
+  s.event("switcherLaunch", {{"icon", bundleIdentifier}}, [&] {
+    auto switcher = s.home().appSwitcher();
+    auto launch = switcher->simClass()->method<sig::AppSwitcherLaunchAppWithIdentifierUrlActions>(
+        "launchAppWithIdentifier:url:actions:");
+    if (launch) launch(host::Ref<host::Object>(switcher), bundleIdentifier, {}, {});
+  });
+  return true;
+}
+
+bool World::launch(const std::string& bundleIdentifier) {
+  auto& s = *state_;
+  auto icon = s.home().iconFor(bundleIdentifier);
+  if (!icon) return false;
+  s.event("launch", {{"icon", bundleIdentifier}}, [&] { icon->launchFromLocation(kLaunchFromHomeScreen); });
+  return true;
+}
+
+void World::keyboard(bool show, const host::Rect& endFrame) {
+  auto& s = *state_;
+  s.event("keyboard", {{"show", show}, {"frame", toJsonValue(endFrame)}}, [&] {
+    auto userInfo = std::make_shared<SimDictionary>();
+    userInfo->set("UIKeyboardFrameEndUserInfoKey", std::make_shared<SimValue>(endFrame));
+    s.host->notificationCenter().post(show ? "UIKeyboardWillShowNotification" : "UIKeyboardWillHideNotification",
+                                      host::Ref<host::Dictionary>(userInfo));
+  });
+}
+
+void World::editing(bool on) {
+  auto& s = *state_;
+  s.event("editing", {{"on", on}}, [&] { s.home().setEditing(on); });
+}
+
+bool World::openFolder(const std::string& name) {
+  auto& s = *state_;
+  bool known = false;
+  s.event("openFolder", {{"name", name}}, [&] { known = s.home().openFolder(name); });
+  return known;
+}
+
+bool World::closeFolder(const std::string& name) {
+  auto& s = *state_;
+  bool known = false;
+  s.event("closeFolder", {{"name", name}}, [&] { known = s.home().closeFolder(name); });
+  return known;
+}
+
+bool World::page(int index) {
+  auto& s = *state_;
+  bool known = false;
+  s.event("page", {{"index", index}}, [&] { known = s.home().showPage(index); });
+  return known;
+}
+
+void World::notify(const std::string& bundleIdentifier, const WorldConfig::Notification& notification) {
+  auto& s = *state_;
+  s.event("notify",
+          {{"icon", bundleIdentifier},
+           {"title", notification.title},
+           {"message", notification.message},
+           {"date", notification.date}},
+          [&] { s.home().addNotification(bundleIdentifier, notification); });
+}
+
+void World::settings(const WorldConfig::Settings& settings) {
+  auto& s = *state_;
+  s.event(
+      "settings",
+      {{"enabled", settings.enabled}, {"darkMode", settings.darkMode}, {"activationMethod", settings.activationMethod}},
+      [&] {
+        writeSettingsFile(s.settingsPath(), settings);
+        s.host->darwinCenter().post(kPreferencesChangedNotification);
+      });
+}
+
+json World::dump() const { return stateDump(*state_->host, state_->module.get()); }
+
+const std::vector<json>& World::trace() const { return state_->host->recorder().trace(); }
+
+}  // namespace tessel::sim
