@@ -35,9 +35,12 @@ Animation::Animation(int width, int height, double fps) : encoder_(new Encoder) 
   }
   options.anim_params.loop_count = 0;
   options.anim_params.bgcolor = 0xFF000000u;
+  // Lossy frames stacked on partial updates leave block edges in soft
+  // gradients; whole frames do not.
+  options.kmax = 1;
   encoder_->encoder = WebPAnimEncoderNew(width, height, &options);
-  if (!encoder_->encoder) encoder_->problem = "an animation cannot be " + std::to_string(width) + " × " +
-                                              std::to_string(height) + " pixels";
+  if (!encoder_->encoder)
+    encoder_->problem = "an animation cannot be " + std::to_string(width) + " × " + std::to_string(height) + " pixels";
 }
 
 Animation::~Animation() {
@@ -65,9 +68,10 @@ void Animation::addFrame(const Picture& picture) {
     e.problem = "the WebP library does not match the one the program was built with";
     return;
   }
-  // Screen recordings are mostly flat colour and soft blur: lossy at a
-  // moderate quality keeps them small, and a low effort keeps long ones quick.
-  config.quality = 80;
+  // Screen recordings are mostly flat colour and soft blur: lossy keeps them
+  // small, a high quality keeps gradients free of banding, and a low effort
+  // keeps long recordings quick.
+  config.quality = 90;
   config.method = 2;
   frame.use_argb = 1;
   frame.width = e.width;

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "render/blur.h"
-#include "render/shapes.h"
 
 namespace tessel::render {
 namespace {
@@ -30,6 +29,27 @@ DeviceBox deviceBox(cairo_t* cr, double x0, double y0, double x1, double y1) {
 
 DeviceBox intersect(const DeviceBox& a, const DeviceBox& b) {
   return {std::max(a.x0, b.x0), std::max(a.y0, b.y0), std::min(a.x1, b.x1), std::min(a.y1, b.y1)};
+}
+
+// Lays the frost's colour over the blurred copy while it is small: the same
+// as tinting the enlarged picture, since enlarging is linear, at a fraction
+// of the cost.
+void tint(ReducedImage& image, const host::Color& colour) {
+  double a = std::clamp(colour.alpha, 0.0, 1.0);
+  if (a <= 0) return;
+  std::uint32_t keep = std::uint32_t(std::lround((1 - a) * 256));
+  std::uint32_t add[4] = {std::uint32_t(std::lround(std::clamp(colour.blue, 0.0, 1.0) * a * 255 * 256)),
+                          std::uint32_t(std::lround(std::clamp(colour.green, 0.0, 1.0) * a * 255 * 256)),
+                          std::uint32_t(std::lround(std::clamp(colour.red, 0.0, 1.0) * a * 255 * 256)),
+                          std::uint32_t(std::lround(a * 255 * 256))};
+  for (std::uint32_t& p : image.pixels) {
+    std::uint32_t out = 0;
+    for (int c = 0; c < 4; ++c) {
+      std::uint32_t v = (((p >> (8 * c)) & 255u) * keep + add[c] + 128) >> 8;
+      out |= std::min(v, 255u) << (8 * c);
+    }
+    p = out;
+  }
 }
 
 }  // namespace
@@ -66,6 +86,7 @@ void paintFrost(cairo_t* cr, LayerStack& layers, const host::Rect& rect, double 
   DeviceBox sampled = intersect({shown.x0 - margin, shown.y0 - margin, shown.x1 + margin, shown.y1 + margin}, picture);
   PixelRect behind = layers.flattened(sampled.x0, sampled.y0, sampled.x1 - sampled.x0, sampled.y1 - sampled.y0);
   ReducedImage blurred = reduceAndBlur(behind, plan);
+  tint(blurred, frost.tint);
 
   cairo_save(cr);
   cairo_rectangle(cr, rect.x, rect.y, rect.width, rect.height);
@@ -73,8 +94,6 @@ void paintFrost(cairo_t* cr, LayerStack& layers, const host::Rect& rect, double 
   // The clip stays where it is; the blurred copy is placed in device pixels.
   cairo_identity_matrix(cr);
   setEnlargedSource(cr, blurred, sampled.x0, sampled.y0);
-  cairo_paint_with_alpha(cr, opacity);
-  setColor(cr, frost.tint);
   cairo_paint_with_alpha(cr, opacity);
   cairo_restore(cr);
 }

@@ -62,8 +62,8 @@ Small downsample(const PixelRect& source, int factor) {
     for (int bx = 0; bx < out.width; ++bx, sum += 4) {
       std::uint32_t count = counts[std::size_t(bx)];
       std::uint32_t half = count / 2;
-      outRow[bx] = pack((sum[0] + half) / count, (sum[1] + half) / count, (sum[2] + half) / count,
-                        (sum[3] + half) / count);
+      outRow[bx] =
+          pack((sum[0] + half) / count, (sum[1] + half) / count, (sum[2] + half) / count, (sum[3] + half) / count);
     }
   }
   return out;
@@ -183,7 +183,8 @@ BlurPlan planBlur(double sigma) {
 ReducedImage reduceAndBlur(const PixelRect& source, const BlurPlan& plan) {
   ReducedImage reduced;
   if (source.width <= 0 || source.height <= 0 || !source.pixels) return reduced;
-  int factor = std::max(plan.factor, 1);
+  // A block row must fit the 16-bit lanes of the sums in downsample.
+  int factor = std::clamp(plan.factor, 1, 256);
   Small small = factor > 1 ? downsample(source, factor) : copyOf(source);
   Small scratch{small.width, small.height, std::vector<std::uint32_t>(small.pixels.size())};
   for (int planned : plan.radii) {
@@ -230,9 +231,9 @@ void blur(const PixelRect& source, const PixelRect& target, const BlurPlan& plan
     copyInto(Small{reduced.width, reduced.height, std::move(reduced.pixels)}, target);
     return;
   }
-  cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(target.pixels),
-                                                                 CAIRO_FORMAT_ARGB32, target.width, target.height,
-                                                                 target.stride * 4);
+  cairo_surface_t* surface =
+      cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(target.pixels), CAIRO_FORMAT_ARGB32,
+                                          target.width, target.height, target.stride * 4);
   cairo_t* cr = cairo_create(surface);
   setEnlargedSource(cr, reduced, 0, 0);
   cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);

@@ -86,16 +86,32 @@ void paintFolderIcon(cairo_t* cr, const host::Rect& square, const std::vector<Ic
   cairo_restore(cr);
 }
 
+namespace {
+
+constexpr double kLabelSlack = 10;
+constexpr double kLabelHeight = 14;
+constexpr double kShadowDrop = 0.75;
+
+host::Rect labelBox(const host::Rect& bounds, double squareBottom) {
+  return {bounds.x - kLabelSlack, bounds.y + squareBottom + 2, bounds.width + 2 * kLabelSlack, kLabelHeight};
+}
+
+}  // namespace
+
+host::Rect iconLabelArea(const host::Rect& bounds, double squareBottom) {
+  host::Rect box = labelBox(bounds, squareBottom);
+  return {box.x, box.y, box.width, box.height + 1};
+}
+
 void paintIconLabel(TextPainter& text, const host::Rect& bounds, double squareBottom, const std::string& label,
                     double alpha) {
   TextStyle style;
   style.size = 12;
   style.align = TextStyle::Align::center;
-  double slack = 10;
-  host::Rect box{bounds.x - slack, bounds.y + squareBottom + 2, bounds.width + 2 * slack, 14};
+  host::Rect box = labelBox(bounds, squareBottom);
   // A soft shadow keeps white names legible on a light wallpaper.
   style.color = {0, 0, 0, 0.35 * alpha};
-  text.draw(label, {box.x, box.y + 0.75, box.width, box.height}, style);
+  text.draw(label, {box.x, box.y + kShadowDrop, box.width, box.height}, style);
   style.color = {1, 1, 1, alpha};
   text.draw(label, box, style);
 }

@@ -29,6 +29,8 @@ void paintFolderIcon(cairo_t* cr, const host::Rect& square, const std::vector<Ic
 // The name under an icon, centred below the icon's square (whose bottom
 // edge is at `squareBottom`), allowed to run a little wider than the view as
 // on the phone.
+// Where that name may draw, shadow included.
+host::Rect iconLabelArea(const host::Rect& bounds, double squareBottom);
 void paintIconLabel(TextPainter& text, const host::Rect& bounds, double squareBottom, const std::string& label,
                     double alpha);
 

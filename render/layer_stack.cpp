@@ -18,8 +18,7 @@ void LayerStack::pop() {
 PixelRect LayerStack::flattened(int x, int y, int width, int height) {
   PixelRect canvas = pixelsOf(canvas_);
   if (groups_.empty()) {
-    return {canvas.pixels + std::size_t(y) * std::size_t(canvas.stride) + std::size_t(x), width, height,
-            canvas.stride};
+    return {canvas.pixels + std::size_t(y) * std::size_t(canvas.stride) + std::size_t(x), width, height, canvas.stride};
   }
   scratch_.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
   cairo_t* cr = cairo_create(scratch_.get());

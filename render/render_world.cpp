@@ -18,6 +18,17 @@ namespace {
 
 std::string textOf(const nlohmann::json& value) { return value.is_string() ? value.get<std::string>() : ""; }
 
+// The drawing surface, kept from one picture to the next of the same size:
+// a recording draws hundreds of them, and fresh memory costs page faults.
+cairo_surface_t* canvasOfSize(int width, int height) {
+  static Surface canvas;
+  if (!canvas || cairo_image_surface_get_width(canvas.get()) != width ||
+      cairo_image_surface_get_height(canvas.get()) != height) {
+    canvas.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
+  }
+  return canvas.get();
+}
+
 }  // namespace
 
 Picture renderWorld(const sim::World& world, double scale) {
@@ -28,9 +39,9 @@ Picture renderWorld(const sim::World& world, double scale) {
   int height = int(std::lround(screen.height * scale));
   if (width <= 0 || height <= 0 || !(scale > 0)) return {};
 
-  Surface canvas(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
-  if (cairo_surface_status(canvas.get()) != CAIRO_STATUS_SUCCESS) return {};
-  Context context(cairo_create(canvas.get()));
+  cairo_surface_t* canvas = canvasOfSize(width, height);
+  if (cairo_surface_status(canvas) != CAIRO_STATUS_SUCCESS) return {};
+  Context context(cairo_create(canvas));
   cairo_t* cr = context.get();
 
   const sim::HomeScreen* home = host.homeScreen();
@@ -42,7 +53,7 @@ Picture renderWorld(const sim::World& world, double scale) {
   cairo_scale(cr, scale, scale);
 
   TextPainter text(cr);
-  LayerStack layers(cr, canvas.get());
+  LayerStack layers(cr, canvas);
   ViewPainter painter(cr, layers, text, {world.time(), scale, &config, home});
   if (const auto& window = host.window()) painter.paint(*window);
   paintStatusBar(cr, text, screen);
@@ -51,12 +62,12 @@ Picture renderWorld(const sim::World& world, double scale) {
   const auto& alerts = host.recorder().alerts();
   if (!alerts.empty()) {
     const nlohmann::json& alert = alerts.back();
-    paintAlert(cr, text, screen, {textOf(alert.value("title", nlohmann::json())),
-                                  textOf(alert.value("message", nlohmann::json())),
-                                  textOf(alert.value("cancel", nlohmann::json()))});
+    paintAlert(cr, text, screen,
+               {textOf(alert.value("title", nlohmann::json())), textOf(alert.value("message", nlohmann::json())),
+                textOf(alert.value("cancel", nlohmann::json()))});
   }
   context.reset();
-  return pictureFromSurface(canvas.get());
+  return pictureFromSurface(canvas);
 }
 
 }  // namespace tessel::render

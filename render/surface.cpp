@@ -1,7 +1,10 @@
 #include "render/surface.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
+#include <cstring>
+#include <vector>
 
 namespace tessel::render {
 
@@ -31,17 +34,34 @@ Picture pictureFromSurface(cairo_surface_t* surface) {
   picture.width = pixels.width;
   picture.height = pixels.height;
   picture.rgba.resize(std::size_t(pixels.width) * std::size_t(pixels.height) * 4);
-  std::uint8_t* out = picture.rgba.data();
+  std::vector<std::uint32_t> row(std::size_t(pixels.width));
   for (int y = 0; y < pixels.height; ++y) {
-    const std::uint32_t* row = pixels.pixels + std::size_t(y) * std::size_t(pixels.stride);
-    for (int x = 0; x < pixels.width; ++x, out += 4) {
-      std::uint32_t p = row[x];
-      std::uint32_t a = p >> 24;
-      auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
-      out[0] = std::uint8_t(straight((p >> 16) & 255u));
-      out[1] = std::uint8_t(straight((p >> 8) & 255u));
-      out[2] = std::uint8_t(straight(p & 255u));
-      out[3] = std::uint8_t(a);
+    const std::uint32_t* in = pixels.pixels + std::size_t(y) * std::size_t(pixels.stride);
+    // Screens are opaque almost everywhere: such a row only swaps red and
+    // blue (a loop the compiler vectorises); only translucent pixels divide.
+    std::uint32_t opaque = 0xFF000000u;
+    for (int x = 0; x < pixels.width; ++x) {
+      std::uint32_t p = in[x];
+      opaque &= p;
+      row[std::size_t(x)] = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
+    }
+    if (opaque != 0xFF000000u) {
+      for (int x = 0; x < pixels.width; ++x) {
+        std::uint32_t a = in[x] >> 24;
+        if (a == 255) continue;
+        auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
+        std::uint32_t p = row[std::size_t(x)];
+        row[std::size_t(x)] =
+            straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24;
+      }
+    }
+    // Each word holds red, green, blue and alpha from its lowest byte up.
+    std::uint8_t* out = picture.rgba.data() + std::size_t(y) * std::size_t(pixels.width) * 4;
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(out, row.data(), std::size_t(pixels.width) * 4);
+    } else {
+      for (int x = 0; x < pixels.width; ++x)
+        for (int c = 0; c < 4; ++c) out[4 * x + c] = std::uint8_t(row[std::size_t(x)] >> (8 * c));
     }
   }
   return picture;

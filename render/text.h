@@ -25,15 +25,12 @@ struct TextStyle {
 };
 
 // Lays out and draws text the way a label does: within its box (centred
-// vertically unless the style says otherwise), in "Inter" (or "DejaVu Sans" where Inter lacks a glyph).
-// Layout does not depend on the drawing scale, so a picture at 3× shows the
-// same line breaks as one at 1×.
+// vertically unless the style says otherwise), in "Inter" (or "DejaVu Sans"
+// where Inter lacks a glyph). Layout does not depend on the drawing scale,
+// so a picture at 3× breaks its lines where one at 1× does.
 class TextPainter {
  public:
-  explicit TextPainter(cairo_t* cr);
-  ~TextPainter();
-  TextPainter(const TextPainter&) = delete;
-  TextPainter& operator=(const TextPainter&) = delete;
+  explicit TextPainter(cairo_t* cr) : cr_(cr) {}
 
   void draw(const std::string& text, const host::Rect& box, const TextStyle& style);
   // The size of `text` on one line.
@@ -42,10 +39,7 @@ class TextPainter {
   double lineHeight(const TextStyle& style);
 
  private:
-  PangoLayout* layout(const std::string& text, const TextStyle& style, double size);
-
   cairo_t* cr_;
-  PangoContext* context_;
 };
 
 }  // namespace tessel::render

@@ -1,59 +1,26 @@
 #include "render/view_painter.h"
 
 #include <algorithm>
+#include <string>
 
 #include "render/backdrop.h"
-#include "render/color_text.h"
-#include "render/icon_art.h"
 #include "render/image_surface.h"
 #include "render/shapes.h"
-#include "sim/home_screen.h"
 #include "sim/sim_backdrop_view.h"
-#include "sim/sim_folder.h"
 #include "sim/sim_icon_list_view.h"
 #include "sim/sim_icon_view.h"
 #include "sim/sim_image_view.h"
 #include "sim/sim_label.h"
 #include "sim/sim_layer.h"
 #include "sim/sim_table_view_cell.h"
-#include "sim/world_config.h"
 
 namespace tessel::render {
 namespace {
-
-// Below half of one 8-bit step nothing of a view would show.
-constexpr double kInvisible = 0.5 / 255;
 
 bool clipIsEmpty(cairo_t* cr) {
   double x0, y0, x1, y1;
   cairo_clip_extents(cr, &x0, &y0, &x1, &y1);
   return x1 <= x0 || y1 <= y0;
-}
-
-// What an icon shows: its application's name and colour, or for a web clip
-// what the scenario says of its identifier.
-IconArt artFor(const sim::SimIcon& icon, const sim::WorldConfig* config) {
-  IconArt art;
-  std::string identifier = icon.app() ? icon.app()->identifier() : icon.displayIdentifier();
-  if (icon.app()) {
-    art.name = icon.app()->name();
-    art.color = icon.app()->color();
-  }
-  if (config) {
-    auto found = config->apps.find(identifier);
-    if (found != config->apps.end()) {
-      if (art.name.empty()) art.name = found->second.name;
-      if (!icon.app()) art.color = parseHexColor(found->second.color).value_or(art.color);
-      // The host loaded the scenario's PNG as the icon's image.
-      if (!found->second.iconPath.empty() && icon.image()) art.picture = surfaceForImage(icon.image());
-    }
-  }
-  if (art.name.empty()) art.name = icon.displayName().empty() ? identifier : icon.displayName();
-  return art;
-}
-
-std::string labelFor(const sim::SimIcon& icon, const IconArt& art) {
-  return icon.displayName().empty() ? art.name : icon.displayName();
 }
 
 // A subtitle cell's two labels sit together around the line where the
@@ -91,14 +58,44 @@ void ViewPainter::paint(const sim::SimView& view) {
     return;
   }
   // A lone view blends its own drawing; a subtree is drawn whole first,
-  // so that overlapping children do not show through one another.
-  bool group = alpha < 1 && !view.children().empty();
-  if (group) layers_.push(alpha);
-  paintContent(view, bounds, group ? 1 : alpha);
+  // so that overlapping children do not show through one another. The
+  // group only needs to be as large as what the subtree draws.
   const auto* iconView = dynamic_cast<const sim::SimIconView*>(&view);
-  paintChildren(view, iconView ? iconView->imageView().get() : nullptr);
+  const sim::SimView* drawnByParent = iconView ? iconView->imageView().get() : nullptr;
+  bool group = alpha < 1 && std::any_of(view.children().begin(), view.children().end(),
+                                        [&](const auto& child) { return child && child.get() != drawnByParent; });
+  if (group) {
+    host::Rect extent = drawnExtent(view);
+    cairo_rectangle(cr_, extent.x, extent.y, extent.width, extent.height);
+    cairo_clip(cr_);
+    layers_.push(alpha);
+  }
+  paintContent(view, bounds, group ? 1 : alpha);
+  paintChildren(view, drawnByParent);
   if (group) layers_.pop();
   cairo_restore(cr_);
+}
+
+host::Rect ViewPainter::drawnExtent(const sim::SimView& view) const {
+  // Text and icon names may run a little past their frames.
+  constexpr double kOverflow = 16;
+  // An open folder dims the whole screen around it.
+  if (view.isKindOf("SBFolderIconListView")) return {-1e5, -1e5, 2e5, 2e5};
+  double left = -kOverflow, top = -kOverflow;
+  host::Rect frame = view.presentationFrame(setting_.time);
+  double right = frame.width + kOverflow, bottom = frame.height + kOverflow;
+  if (!view.clipsToBounds() && !view.isKindOf("UIScrollView")) {
+    for (const auto& child : view.children()) {
+      if (!child || child->hidden()) continue;
+      host::Rect place = child->presentationFrame(setting_.time);
+      host::Rect inner = drawnExtent(*child);
+      left = std::min(left, place.x + inner.x);
+      top = std::min(top, place.y + inner.y);
+      right = std::max(right, place.x + inner.x + inner.width);
+      bottom = std::max(bottom, place.y + inner.y + inner.height);
+    }
+  }
+  return {left, top, right - left, bottom - top};
 }
 
 bool ViewPainter::applyMask(const sim::SimView& view) {
@@ -151,10 +148,10 @@ void ViewPainter::paintContent(const sim::SimView& view, const host::Rect& bound
   } else if (const auto* label = dynamic_cast<const sim::SimLabel*>(&view)) {
     paintLabel(*label, bounds, opacity);
   } else if (const auto* icon = dynamic_cast<const sim::SimIconView*>(&view)) {
-    paintIconView(*icon, bounds);
+    paintIconView(*icon, bounds, opacity);
   } else if (const auto* list = dynamic_cast<const sim::SimIconListView*>(&view)) {
-    if (list->isKindOf("SBDockIconListView")) paintDockStrip(bounds);
-    if (list->isKindOf("SBFolderIconListView")) paintFolderBackground(bounds);
+    if (list->isKindOf("SBDockIconListView")) paintDockStrip(bounds, opacity);
+    if (list->isKindOf("SBFolderIconListView")) paintFolderBackground(bounds, opacity);
   }
 }
 
@@ -194,60 +191,6 @@ void ViewPainter::paintImage(const sim::SimImageView& view, const host::Rect& bo
   cairo_pattern_set_extend(cairo_get_source(cr_), CAIRO_EXTEND_PAD);
   cairo_paint_with_alpha(cr_, opacity);
   cairo_restore(cr_);
-}
-
-void ViewPainter::paintIconView(const sim::SimIconView& view, const host::Rect& bounds) {
-  const auto& icon = view.simIcon();
-  if (!icon) return;
-  // The picture stands where the icon view's image view stands.
-  const auto& picture = view.imageView();
-  host::Rect square = picture ? picture->presentationFrame(setting_.time) : host::Rect{0, 0, 60, 60};
-  IconArt art = artFor(*icon, setting_.config);
-  auto folder = icon->folder();
-  if (folder || icon->isKindOf("SBFolderIcon")) {
-    std::vector<IconArt> contents;
-    if (folder) {
-      for (const auto& list : folder->lists())
-        for (const auto& inner : list->icons())
-          if (inner) contents.push_back(artFor(*inner, setting_.config));
-      art.name = folder->name();
-    }
-    paintFolderIcon(cr_, square, contents);
-  } else {
-    paintAppIcon(cr_, text_, square, art);
-  }
-  double labelAlpha = std::clamp(view.labelAlpha(), 0.0, 1.0);
-  if (labelAlpha >= kInvisible) paintIconLabel(text_, bounds, square.y + square.height, labelFor(*icon, art), labelAlpha);
-}
-
-void ViewPainter::paintDockStrip(const host::Rect& bounds) {
-  paintFrost(cr_, layers_, bounds, setting_.scale, lightFrost(), 1);
-}
-
-void ViewPainter::paintFolderBackground(const host::Rect& bounds) {
-  // The whole screen behind an open folder is blurred and dimmed.
-  cairo_save(cr_);
-  cairo_identity_matrix(cr_);
-  cairo_scale(cr_, setting_.scale, setting_.scale);
-  host::Size screen{setting_.config ? setting_.config->screen.width : 0,
-                    setting_.config ? setting_.config->screen.height : 0};
-  paintFrost(cr_, layers_, {0, 0, screen.width, screen.height}, setting_.scale, {8, {0, 0, 0, 0.25}}, 1);
-  cairo_restore(cr_);
-
-  cairo_save(cr_);
-  roundedRectangle(cr_, {-6, -6, bounds.width + 12, bounds.height + 12}, 30);
-  cairo_clip(cr_);
-  paintFrost(cr_, layers_, {-6, -6, bounds.width + 12, bounds.height + 12}, setting_.scale, lightFrost(), 1);
-  cairo_restore(cr_);
-
-  if (setting_.home) {
-    TextStyle title;
-    title.size = 28;
-    title.weight = PANGO_WEIGHT_SEMIBOLD;
-    title.align = TextStyle::Align::center;
-    title.color = host::Color::whiteColor();
-    text_.draw(setting_.home->openFolderName(), {0, -58, bounds.width, 40}, title);
-  }
 }
 
 }  // namespace tessel::render

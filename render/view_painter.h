@@ -35,14 +35,19 @@ class ViewPainter {
   void paint(const sim::SimView& view);
 
  private:
+  // Below half of one 8-bit step nothing of a view would show.
+  static constexpr double kInvisible = 0.5 / 255;
+
   void paintContent(const sim::SimView& view, const host::Rect& bounds, double opacity);
   void paintChildren(const sim::SimView& view, const sim::SimView* skip);
   void paintLabel(const sim::SimLabel& label, const host::Rect& bounds, double opacity);
   void paintImage(const sim::SimImageView& view, const host::Rect& bounds, double opacity);
-  void paintIconView(const sim::SimIconView& view, const host::Rect& bounds);
-  void paintDockStrip(const host::Rect& bounds);
-  void paintFolderBackground(const host::Rect& bounds);
+  void paintIconView(const sim::SimIconView& view, const host::Rect& bounds, double opacity);
+  void paintDockStrip(const host::Rect& bounds, double opacity);
+  void paintFolderBackground(const host::Rect& bounds, double opacity);
   bool applyMask(const sim::SimView& view);
+  // A box, in the view's own coordinates, that holds all its subtree draws.
+  host::Rect drawnExtent(const sim::SimView& view) const;
 
   cairo_t* cr_;
   LayerStack& layers_;

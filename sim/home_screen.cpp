@@ -6,7 +6,8 @@
 
 namespace tessel::sim {
 
-HomeScreen::HomeScreen(SimHost& host) : host_(host), geometry_(host.config()) {}
+HomeScreen::HomeScreen(SimHost& host)
+    : host_(host), geometry_(host.config()), wallpaperPath_(host.config().wallpaperPath) {}
 
 std::shared_ptr<SimIcon> HomeScreen::iconFor(const std::string& identifier) const {
   auto found = icons_.find(identifier);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "sim/sim_image.h"
 
@@ -64,8 +65,17 @@ void SimImageContext::fillRect(const host::Rect& rect) {
   std::size_t x0, x1, y0, y1;
   pixelSpan(rect.x, rect.width, width_, x0, x1);
   pixelSpan(rect.y, rect.height, height_, y0, y1);
+  if (toByte(a) != 255) {
+    for (std::size_t y = y0; y < y1; ++y) {
+      for (std::size_t x = x0; x < x1; ++x) put(x, y, color, false);
+    }
+    return;
+  }
+  // An opaque fill covers what was there: the same four bytes everywhere.
+  const std::uint8_t pixel[4] = {toByte(color.b), toByte(color.g), toByte(color.r), 255};
   for (std::size_t y = y0; y < y1; ++y) {
-    for (std::size_t x = x0; x < x1; ++x) put(x, y, color, false);
+    std::uint8_t* row = &bytes_[(y * width_) * 4];
+    for (std::size_t x = x0; x < x1; ++x) std::memcpy(row + x * 4, pixel, 4);
   }
 }
 

@@ -110,6 +110,9 @@ json ageText(const SimTableViewCell& cell) {
 
 json describePanel(const TesselNotificationController* controller) {
   if (!controller) return nullptr;
+  // A panel swept from the window is no longer shown, though the controller may still name it.
+  const auto* shown = simView(controller->genericView());
+  if (!shown || !shown->isInWindow()) return nullptr;
   auto panel = TesselGenericNotificationView::of(controller->genericView());
   if (!panel) return nullptr;
   auto text = [](const host::String& s) { return s ? json(*s) : json(nullptr); };

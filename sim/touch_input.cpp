@@ -37,6 +37,8 @@ std::shared_ptr<SimTableView> firstTable(const std::shared_ptr<SimView>& view) {
   return nullptr;
 }
 
+constexpr const char* kGestures[] = {"swipeUp", "swipeDown", "tap", "doubleTap", "tripleTap", "tapAndHold", "hold"};
+
 }  // namespace
 
 std::string tapAt(SimHost& host, const host::Point& windowPoint) {
@@ -74,9 +76,12 @@ bool recognizes(const SimGestureRecognizer& r, const std::string& gesture) {
   return false;
 }
 
+bool isKnownGesture(const std::string& gesture) {
+  return std::find(std::begin(kGestures), std::end(kGestures), gesture) != std::end(kGestures);
+}
+
 bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold) {
-  static const char* const kKnown[] = {"swipeUp", "swipeDown", "tap", "doubleTap", "tripleTap", "tapAndHold", "hold"};
-  if (std::find(std::begin(kKnown), std::end(kKnown), gesture) == std::end(kKnown)) return false;
+  if (!isKnownGesture(gesture)) return false;
   auto* home = host.homeScreen();
   auto icon = home ? home->iconFor(identifier) : nullptr;
   auto view = home ? home->iconViewFor(icon.get()) : nullptr;
@@ -108,11 +113,6 @@ bool performGesture(SimHost& host, const std::string& identifier, const std::str
   return true;
 }
 
-bool tapTableRow(SimHost& host, long long row) {
-  auto table = firstTable(host.window());
-  if (!table || row < 0 || row >= table->rows()) return false;
-  table->selectRow(row);
-  return true;
-}
+std::shared_ptr<SimTableView> firstTableInWindow(SimHost& host) { return firstTable(host.window()); }
 
 }  // namespace tessel::sim

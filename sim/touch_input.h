@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "host/geometry.h"
@@ -8,6 +9,7 @@
 namespace tessel::sim {
 
 class SimHost;
+class SimTableView;
 
 // A finger on the screen, as the toolkit turns it into actions.
 
@@ -30,9 +32,10 @@ bool recognizes(const SimGestureRecognizer& recognizer, const std::string& gestu
 // home screen is being edited. False when the icon or gesture is unknown.
 bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold);
 
-// A tap on row `row` of the first table in the key window. False when there
-// is no table or no such row.
-bool tapTableRow(SimHost& host, long long row);
+bool isKnownGesture(const std::string& gesture);
+
+// The first table in the key window's tree (the open panel's list), or nothing.
+std::shared_ptr<SimTableView> firstTableInWindow(SimHost& host);
 
 // How long a finger must stay down before a long press begins.
 inline constexpr double kLongPressBegins = 0.5;

@@ -11,6 +11,7 @@
 #include "sim/property_list.h"
 #include "sim/sim_host.h"
 #include "sim/sim_notification_center.h"
+#include "sim/sim_table_view.h"
 #include "sim/sim_value.h"
 #include "sim/state_dump.h"
 #include "sim/touch_input.h"
@@ -131,10 +132,10 @@ bool World::layout(const std::optional<std::string>& bundleIdentifier) {
 
 bool World::gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold) {
   auto& s = *state_;
-  bool known = false;
+  if (!isKnownGesture(gesture) || !s.home().iconViewFor(s.home().iconFor(bundleIdentifier).get())) return false;
   s.event("gesture", {{"icon", bundleIdentifier}, {"gesture", gesture}, {"hold", hold}},
-          [&] { known = performGesture(*s.host, bundleIdentifier, gesture, hold); });
-  return known;
+          [&] { performGesture(*s.host, bundleIdentifier, gesture, hold); });
+  return true;
 }
 
 void World::tap(const host::Point& windowPoint) {
@@ -144,9 +145,10 @@ void World::tap(const host::Point& windowPoint) {
 
 bool World::tapRow(long long row) {
   auto& s = *state_;
-  bool known = false;
-  s.event("tapRow", {{"row", row}}, [&] { known = tapTableRow(*s.host, row); });
-  return known;
+  auto table = firstTableInWindow(*s.host);
+  if (!table || row < 0 || row >= table->rows()) return false;
+  s.event("tapRow", {{"row", row}}, [&] { table->selectRow(row); });
+  return true;
 }
 
 void World::home(bool handled) {
@@ -219,23 +221,23 @@ void World::editing(bool on) {
 
 bool World::openFolder(const std::string& name) {
   auto& s = *state_;
-  bool known = false;
-  s.event("openFolder", {{"name", name}}, [&] { known = s.home().openFolder(name); });
-  return known;
+  if (!s.home().folderNamed(name)) return false;
+  s.event("openFolder", {{"name", name}}, [&] { s.home().openFolder(name); });
+  return true;
 }
 
 bool World::closeFolder(const std::string& name) {
   auto& s = *state_;
-  bool known = false;
-  s.event("closeFolder", {{"name", name}}, [&] { known = s.home().closeFolder(name); });
-  return known;
+  if (s.home().openFolderName() != name || name.empty()) return false;
+  s.event("closeFolder", {{"name", name}}, [&] { s.home().closeFolder(name); });
+  return true;
 }
 
 bool World::page(int index) {
   auto& s = *state_;
-  bool known = false;
-  s.event("page", {{"index", index}}, [&] { known = s.home().showPage(index); });
-  return known;
+  if (index < 0 || static_cast<std::size_t>(index) >= s.home().pageLists().size()) return false;
+  s.event("page", {{"index", index}}, [&] { s.home().showPage(index); });
+  return true;
 }
 
 void World::notify(const std::string& bundleIdentifier, const WorldConfig::Notification& notification) {

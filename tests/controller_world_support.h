@@ -27,10 +27,7 @@ inline constexpr const char* kNotes = "com.example.notes";
 inline constexpr const char* kPhone = "com.example.phone";
 inline constexpr const char* kCalc = "com.example.calc";
 inline constexpr const char* kBookmark = "com.example.bookmark";
-
-// The applications of the phone below, web clip excluded.
-inline const std::vector<std::string> kApplications{
-    kMail, kMaps, kNotes, "com.example.clock", "com.example.photos", kPhone, "com.example.safari", kCalc};
+inline constexpr std::size_t kApplicationCount = 8;  // the web clip is none
 
 // A directory standing for the phone's file system, removed afterwards.
 class ScratchRoot {
@@ -46,22 +43,19 @@ class ScratchRoot {
   ScratchRoot(const ScratchRoot&) = delete;
   ScratchRoot& operator=(const ScratchRoot&) = delete;
   const std::string& path() const { return path_; }
-
-  // Writes a file here and answers its path.
   std::string write(const std::string& name, const std::string& contents) const {
-    std::string file = path_ + "/" + name;
-    std::ofstream(file) << contents;
-    return file;
+    std::ofstream(path_ + "/" + name) << contents;
+    return path_ + "/" + name;
   }
 
  private:
   std::string path_;
 };
 
-// 320 x 568 points. The page's list lies at the window's origin with Mail
-// pinned at (16, 100); the dock's list starts at y 496 with Phone at
-// (16, 4), so its top is at 500 in the window; the Tools folder's list,
-// when open, lies at (20, 150) with Calc at (16, 20).
+// 320 x 568. The page's list lies at the window's origin with Mail at
+// (16, 100); the dock's list starts at y 496 with Phone at (16, 4), its top at
+// 500 in the window; the open Tools folder's list lies at (20, 150) with Calc
+// at (16, 20).
 inline sim::WorldConfig smallPhone() {
   sim::WorldConfig config;
   config.screen = {320, 568, 2};
@@ -77,8 +71,8 @@ inline sim::WorldConfig smallPhone() {
   return config;
 }
 
-// A phone with the library loaded, unlocked once so that every application
-// icon carries the activation gesture.
+// A phone with the library loaded; unlocked once (at t = 0, settled by
+// t = 1) so that every application icon carries the activation gesture.
 class Phone {
  public:
   explicit Phone(sim::WorldConfig config = smallPhone(), bool unlock = true) {
@@ -89,13 +83,10 @@ class Phone {
       settle();
     }
   }
-  sim::World& world() { return *world_; }
   sim::World* operator->() { return world_.get(); }
-  // Lets every queued block, timer and animation of the last events finish.
-  void settle(double seconds = 1.0) { world_->advanceTo(world_->time() + seconds); }
+  // Lets every block, timer and animation of the last events finish.
+  void settle() { world_->advanceTo(world_->time() + 1.0); }
   json dump() const { return world_->dump(); }
-
-  // Performs the gesture on an icon and lets the panel open completely.
   void open(const std::string& bundleIdentifier, const std::string& gesture = "swipeUp") {
     ASSERT_TRUE(world_->gesture(bundleIdentifier, gesture, 0));
     settle();
@@ -112,25 +103,19 @@ inline host::Rect rectOf(const json& value) {
 
 inline const json& viewOf(const json& dump, const json& id) { return dump.at("views").at(id.get<std::string>()); }
 
-// The ids of every view in the key window's tree, window first, depth first.
+// Every view in the key window's tree, window first.
 inline std::vector<std::string> windowTree(const json& dump) {
-  std::vector<std::string> ids;
-  std::vector<std::string> pending{dump.at("window").get<std::string>()};
-  while (!pending.empty()) {
-    std::string id = pending.back();
-    pending.pop_back();
-    ids.push_back(id);
-    const auto& subviews = dump.at("views").at(id).at("subviews");
-    for (auto it = subviews.rbegin(); it != subviews.rend(); ++it) pending.push_back(it->get<std::string>());
+  std::vector<std::string> ids{dump.at("window").get<std::string>()};
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    for (const auto& id : dump.at("views").at(ids[i]).at("subviews")) ids.push_back(id.get<std::string>());
   }
   return ids;
 }
 
-// The home screen's own icon view of an application (not the panel's copy).
+// The home screen's own icon view of an application, not the panel's copy.
 inline std::string iconViewId(const json& dump, const std::string& bundleIdentifier) {
   for (const auto& id : windowTree(dump)) {
     const auto& view = dump.at("views").at(id);
-    // A folder's icon view has no identifier.
     if (view.at("class") == "SBIconView" && view.at("bundleIdentifier") == bundleIdentifier && view.at("tag") != 1333) {
       return id;
     }
@@ -139,11 +124,9 @@ inline std::string iconViewId(const json& dump, const std::string& bundleIdentif
 }
 
 inline bool panelIsOpen(const json& dump) {
-  const auto& controller = dump.at("controller");
-  if (controller.is_null()) return false;  // never made
-  const auto& panel = controller.at("genericView");
-  if (panel.is_null()) return false;
-  return !viewOf(dump, panel).at("superview").is_null();
+  const auto& controller = dump.at("controller");  // null until first used
+  return !controller.is_null() && !controller.at("genericView").is_null() &&
+         !viewOf(dump, controller.at("genericView")).at("superview").is_null();
 }
 
 // The animations recorded for one target and property, in start order.

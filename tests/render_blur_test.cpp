@@ -94,7 +94,8 @@ double measuredSigma(double sigma) {
   const int w = 400, h = 8;
   Image edge(w, h);
   for (int y = 0; y < h; ++y)
-    for (int x = 0; x < w; ++x) edge.pixels[std::size_t(y) * w + std::size_t(x)] = x < w / 2 ? argb(255, 0, 0, 0) : argb(255, 255, 255, 255);
+    for (int x = 0; x < w; ++x)
+      edge.pixels[std::size_t(y) * w + std::size_t(x)] = x < w / 2 ? argb(255, 0, 0, 0) : argb(255, 255, 255, 255);
   Image out = blurred(edge, sigma);
   auto level = [&](int x) { return channel(out.at(x, h / 2), 8) / 255.0; };
   double low = 0, high = 0;
@@ -115,7 +116,8 @@ TEST(RenderBlur, FarFromAnEdgeColoursAreUntouched) {
   const int w = 300, h = 5;
   Image edge(w, h);
   for (int y = 0; y < h; ++y)
-    for (int x = 0; x < w; ++x) edge.pixels[std::size_t(y) * w + std::size_t(x)] = x < w / 2 ? argb(255, 10, 20, 30) : argb(255, 240, 230, 220);
+    for (int x = 0; x < w; ++x)
+      edge.pixels[std::size_t(y) * w + std::size_t(x)] = x < w / 2 ? argb(255, 10, 20, 30) : argb(255, 240, 230, 220);
   Image out = blurred(edge, 10);
   EXPECT_EQ(out.at(0, 2), argb(255, 10, 20, 30));
   EXPECT_EQ(out.at(w - 1, 2), argb(255, 240, 230, 220));

@@ -128,8 +128,8 @@ std::vector<WebpFrame> webpFrames(const std::vector<std::uint8_t>& file, int& lo
     std::size_t size = little(file, at + 4, 4);
     if (fourcc == "ANIM") loops = int(little(file, at + 12, 2));
     if (fourcc == "ANMF")
-      frames.push_back({int(little(file, at + 14, 3)) + 1, int(little(file, at + 17, 3)) + 1,
-                        int(little(file, at + 20, 3))});
+      frames.push_back(
+          {int(little(file, at + 14, 3)) + 1, int(little(file, at + 17, 3)) + 1, int(little(file, at + 20, 3))});
     at += 8 + size + (size & 1);
   }
   return frames;

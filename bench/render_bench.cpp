@@ -1,0 +1,83 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "render/blur.h"
+#include "render/render.h"
+#include "sim/world.h"
+
+namespace tessel::render {
+namespace {
+
+// A full page of icons (six rows of four), a dock of four and the dark
+// panel open on an application with three notifications: two blurs, the
+// arrow and a table, on a 390 × 844 screen.
+sim::WorldConfig openPanelPhone() {
+  sim::WorldConfig c;
+  c.screen = {390, 844, 3};
+  std::vector<std::string> page;
+  for (int i = 0; i < 24; ++i) page.push_back("com.example.app" + std::to_string(i));
+  c.pages = {page};
+  c.dock = {"com.example.phone", "com.example.browser", "com.example.chat", "com.example.music"};
+  double now = c.clockEpoch;
+  c.notifications = {{page[5],
+                      {{"Ana Ruiz", "Lunch at one? The new place on Elm Street.", now - 45},
+                       {"Build server", "Nightly build passed (412 tests).", now - 1500},
+                       {"Jonas", "Slides for Monday are in the shared folder.", now - 10800}}}};
+  return c;
+}
+
+void BM_OpenPanelFrame(benchmark::State& state) {
+  sim::World world(openPanelPhone());
+  world.unlock();
+  world.advanceTo(1);
+  world.gesture("com.example.app5", "swipeUp", 0);
+  world.advanceTo(2.5);
+  double scale = double(state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(renderWorld(world, scale));
+  state.SetLabel("open dark panel, 390 x 844 at " + std::to_string(state.range(0)) + "x");
+}
+BENCHMARK(BM_OpenPanelFrame)->Arg(3)->Arg(2)->Unit(benchmark::kMillisecond);
+
+void BM_HomeScreenFrame(benchmark::State& state) {
+  sim::World world(openPanelPhone());
+  world.unlock();
+  world.advanceTo(1);
+  for (auto _ : state) benchmark::DoNotOptimize(renderWorld(world, 3));
+  state.SetLabel("home screen, 390 x 844 at 3x");
+}
+BENCHMARK(BM_HomeScreenFrame)->Unit(benchmark::kMillisecond);
+
+// The blur alone over the whole 3× screen, at the strengths of the
+// dimming glass (6 points) and the panel's glass (12 points).
+void BM_BlurFullScreen(benchmark::State& state) {
+  const int width = 1170, height = 2532;
+  std::vector<std::uint32_t> pixels(std::size_t(width) * height);
+  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = 0xFF000000u | std::uint32_t(i * 2654435761u >> 8);
+  PixelRect rect{pixels.data(), width, height, width};
+  BlurPlan plan = planBlur(double(state.range(0)));
+  for (auto _ : state) {
+    blur(rect, rect, plan);
+    benchmark::ClobberMemory();
+  }
+  state.SetLabel("sigma " + std::to_string(state.range(0)) + " px, factor " + std::to_string(plan.factor));
+}
+BENCHMARK(BM_BlurFullScreen)->Arg(18)->Arg(36)->Unit(benchmark::kMillisecond);
+
+// Reducing and blurring only (what a backdrop does before cairo enlarges
+// the result while compositing).
+void BM_ReduceAndBlurFullScreen(benchmark::State& state) {
+  const int width = 1170, height = 2532;
+  std::vector<std::uint32_t> pixels(std::size_t(width) * height, 0xFF336699u);
+  PixelRect rect{pixels.data(), width, height, width};
+  BlurPlan plan = planBlur(double(state.range(0)));
+  for (auto _ : state) benchmark::DoNotOptimize(reduceAndBlur(rect, plan));
+}
+BENCHMARK(BM_ReduceAndBlurFullScreen)->Arg(18)->Arg(36)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tessel::render
+
+BENCHMARK_MAIN();
