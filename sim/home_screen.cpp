@@ -58,8 +58,8 @@ bool HomeScreen::showPage(int index) {
   auto shown = currentPageList();
   if (shown) shown->removeFromSuperview();
   currentPage_ = index;
-  // The page lies at the back of the window, below the dock and any folder.
-  host_.window()->insertChild(currentPageList(), 0);
+  // The page lies at the back, below the dock and any folder.
+  contentView_->insertChild(currentPageList(), 0);
   return true;
 }
 
@@ -77,7 +77,7 @@ bool HomeScreen::openFolder(const std::string& name) {
   if (found == folders_.end()) return false;
   if (auto open = openFolderList()) open->removeFromSuperview();
   openFolder_ = static_cast<int>(found - folders_.begin());
-  if (auto list = openFolderList()) host_.window()->addChild(list);
+  if (auto list = openFolderList()) contentView_->addChild(list);
   return true;
 }
 

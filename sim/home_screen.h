@@ -50,6 +50,10 @@ class HomeScreen {
   std::shared_ptr<SimIconListView> currentPageList() const;
   std::shared_ptr<SimIconListView> openFolderList() const;
   std::shared_ptr<SimIconListView> dockList() const { return dockList_; }
+  // The window's one content view, which holds the shown page, the dock and
+  // an open folder (so, as on the phone, none of them is a direct subview of
+  // the window).
+  std::shared_ptr<SimView> contentView() const { return contentView_; }
   const std::vector<std::shared_ptr<SimIconListView>>& pageLists() const { return pageLists_; }
   int currentPage() const { return currentPage_; }
   bool editing() const { return editing_; }
@@ -82,6 +86,7 @@ class HomeScreen {
   std::shared_ptr<SimApplicationController> applicationController_;
   std::shared_ptr<SimFolder> rootFolder_;
   std::vector<std::shared_ptr<SimFolder>> folders_;
+  std::shared_ptr<SimView> contentView_;
   std::vector<std::shared_ptr<SimIconListView>> pageLists_;
   std::shared_ptr<SimIconListView> dockList_;
   std::map<std::string, std::shared_ptr<SimApplication>> applications_;

@@ -48,8 +48,10 @@ void HomeScreenBuilder::build() {
 
   int shown = std::clamp(config_.page, 0, static_cast<int>(home_.pageLists_.size()) - 1);
   home_.currentPage_ = shown;
-  host_.window()->addChild(home_.pageLists_[static_cast<std::size_t>(shown)]);
-  host_.window()->addChild(home_.dockList_);
+  home_.contentView_ = host_.create<SimView>("UIView", host_.screenBounds());
+  host_.window()->addChild(home_.contentView_);
+  home_.contentView_->addChild(home_.pageLists_[static_cast<std::size_t>(shown)]);
+  home_.contentView_->addChild(home_.dockList_);
 }
 
 std::size_t HomeScreenBuilder::pageCount() const {
