@@ -118,7 +118,10 @@ TEST_F(HomeScreenTest, IconKindsAnswerAsTheirClassesDo) {
 
 TEST_F(HomeScreenTest, PagesAndFoldersComeAndGoFromTheWindow) {
   build();
-  auto window = host.window();
+  // The lists live in the window's one content view, never in the window itself.
+  auto content = home().contentView();
+  ASSERT_EQ(host.window()->children().size(), 1u);
+  EXPECT_EQ(host.window()->children().front(), content);
   auto first = home().pageLists()[0];
   auto second = home().pageLists()[1];
   EXPECT_TRUE(first->isInWindow());
@@ -130,7 +133,7 @@ TEST_F(HomeScreenTest, PagesAndFoldersComeAndGoFromTheWindow) {
   EXPECT_TRUE(home().showPage(1));
   EXPECT_EQ(idOf(controller()->currentRootIconList()), second->id());
   EXPECT_FALSE(first->isInWindow());
-  EXPECT_EQ(window->children().front(), second) << "the page stays behind the dock";
+  EXPECT_EQ(content->children().front(), second) << "the page stays behind the dock";
   EXPECT_FALSE(home().showPage(2));
 
   EXPECT_FALSE(home().openFolder("Games"));
@@ -138,7 +141,7 @@ TEST_F(HomeScreenTest, PagesAndFoldersComeAndGoFromTheWindow) {
   auto folderList = controller()->currentFolderIconList();
   ASSERT_TRUE(folderList);
   EXPECT_EQ(folderList->visibleIcons().size(), 2u);
-  EXPECT_EQ(window->children().back(), home().openFolderList());
+  EXPECT_EQ(content->children().back(), home().openFolderList());
   EXPECT_FALSE(home().closeFolder("Games"));
   EXPECT_TRUE(home().closeFolder("Tools"));
   EXPECT_FALSE(controller()->currentFolderIconList());
