@@ -54,6 +54,12 @@ bool isPlainFileName(const std::string& name) {
   });
 }
 
+// A number, or a non-empty array of such (frames, lists of points).
+bool isNumeric(const nlohmann::json& value) {
+  if (value.is_number()) return true;
+  return value.is_array() && !value.empty() && std::all_of(value.begin(), value.end(), isNumeric);
+}
+
 bool isHexColor(const std::string& text) {
   return text.size() == 7 && text[0] == '#' &&
          std::all_of(text.begin() + 1, text.end(), [](char c) { return std::isxdigit(static_cast<unsigned char>(c)); });
@@ -519,11 +525,8 @@ class ScenarioParser {
       in_.error(place, "an expect takes exactly one of equals, near, contains, absent");
       return;
     }
-    if (event.check == "near") {
-      const Json& v = event.value;
-      bool numeric = v.is_number() || (v.is_array() && !v.empty() &&
-                                       std::all_of(v.begin(), v.end(), [](const Json& x) { return x.is_number(); }));
-      if (!numeric) in_.error(member(place, "near"), "expected a number or an array of numbers");
+    if (event.check == "near" && !isNumeric(event.value)) {
+      in_.error(member(place, "near"), "expected a number or an array of numbers (arrays may nest)");
     }
     if (event.check == "absent" && !event.value.is_boolean()) in_.error(member(place, "absent"), "expected true or false");
     if (item.contains("tol")) {

@@ -40,6 +40,8 @@ class HomeScreen {
 
   // The icon of an application, web clip or newsstand item; nothing when unknown.
   std::shared_ptr<SimIcon> iconFor(const std::string& identifier) const;
+  // Every icon of the home screen, by its display identifier.
+  const std::map<std::string, std::shared_ptr<SimIcon>>& icons() const { return icons_; }
   std::shared_ptr<SimIconView> iconViewFor(const SimIcon* icon) const;
   std::shared_ptr<SimApplication> applicationFor(const std::string& bundleIdentifier) const;
   // Every application on the home screen: pages, then the dock, then the

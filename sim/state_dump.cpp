@@ -142,7 +142,14 @@ json describePanel(const TesselNotificationController* controller) {
 json describeHome(const HomeScreen* home) {
   if (!home) return nullptr;
   std::string folder = home->openFolderName();
+  // Where each icon is shown, so that a scenario can name an icon's view:
+  // "/views/{/home/iconViews/com.example.mail}/recognizers".
+  json iconViews = json::object();
+  for (const auto& [identifier, icon] : home->icons()) {
+    if (auto view = home->iconViewFor(icon.get())) iconViews[identifier] = view->id();
+  }
   return {{"page", home->currentPage()},
+          {"iconViews", iconViews},
           {"openFolder", folder.empty() ? json(nullptr) : json(folder)},
           {"editing", home->editing()},
           {"locked", home->locked()}};

@@ -1,0 +1,126 @@
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "render/render.h"
+
+// Runs the built tessel-sim as a person would and checks what it prints,
+// what it writes and how it exits.
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+struct Outcome {
+  int status = -1;
+  std::string output;  // standard output and error together
+};
+
+Outcome run(const std::string& arguments) {
+  std::string command = std::string(TESSEL_SIM_EXE) + " " + arguments + " 2>&1";
+  Outcome outcome;
+  FILE* pipe = popen(command.c_str(), "r");
+  if (!pipe) return outcome;
+  char buffer[4096];
+  while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) outcome.output.append(buffer, n);
+  int raw = pclose(pipe);
+  outcome.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+  return outcome;
+}
+
+class TesselSim : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() /
+           ("tessel-sim-test-" + std::to_string(::getpid()) + "-" +
+            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+  std::string path(const std::string& name) const { return (dir_ / name).string(); }
+  void write(const std::string& name, const std::string& text) const { std::ofstream(dir_ / name) << text; }
+  fs::path dir_;
+};
+
+TEST_F(TesselSim, EveryKeptScenarioRunsWithItsExpectationsHolding) {
+  int scenarios = 0;
+  for (const auto& entry : fs::directory_iterator(fs::path(TESSEL_SOURCE_DIR) / "scenarios")) {
+    if (entry.path().extension() != ".json" || entry.path().filename() == "demo.json") continue;
+    ++scenarios;
+    std::string out = path(entry.path().stem().string());
+    Outcome outcome = run("run " + entry.path().string() + " --out " + out + " --scale 0.25");
+    EXPECT_EQ(outcome.status, 0) << entry.path() << "\n" << outcome.output;
+    EXPECT_TRUE(fs::exists(fs::path(out) / "final.state.json"));
+    EXPECT_TRUE(fs::exists(fs::path(out) / "trace.jsonl"));
+    auto timeline = nlohmann::json::parse(std::ifstream(fs::path(out) / "timeline.json"));
+    EXPECT_FALSE(timeline.at("traceEvents").empty());
+  }
+  EXPECT_GE(scenarios, 3);
+}
+
+TEST_F(TesselSim, DemoWritesItsPicturesWithAProgressLineEach) {
+  Outcome outcome = run("demo --scale 0.25 --out " + path("demo"));
+  ASSERT_EQ(outcome.status, 0) << outcome.output;
+  EXPECT_THAT(outcome.output, HasSubstr("[1] wrote"));
+  for (const char* name : {"01-home.png", "02-opening.webp", "03-panel-dark.png", "06-panel-light.png",
+                           "07-dock-panel.png", "08-folder-panel.png", "final.state.json"}) {
+    EXPECT_TRUE(fs::exists(dir_ / "demo" / name)) << name;
+  }
+}
+
+TEST_F(TesselSim, FailedExpectationExitsOneAndSaysWhereAndWhat) {
+  write("s.json", R"({"events": [{"at": 0.5, "do": "expect", "pointer": "/shared/arrowPosition", "equals": 1}]})");
+  Outcome outcome = run("run " + path("s.json") + " --out " + path("out"));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.output, HasSubstr("expect failed at t=0.5: /shared/arrowPosition: got 0, want 1"));
+}
+
+TEST_F(TesselSim, InvalidScenarioExitsTwoListsEveryProblemAndWritesNothing) {
+  write("bad.json", R"({"events": [{"at": 1, "do": "tap", "point": [1]}, {"do": "dump", "name": "a/b"}]})");
+  Outcome outcome = run("run " + path("bad.json") + " --out " + path("out"));
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.output, HasSubstr("events[0].point: expected [x, y]"));
+  EXPECT_THAT(outcome.output, HasSubstr("events[1].name: expected a plain file name"));
+  EXPECT_FALSE(fs::exists(path("out")));
+  EXPECT_EQ(run("check " + path("bad.json")).status, 2);
+  EXPECT_EQ(run("run " + path("missing.json")).status, 2);
+  EXPECT_EQ(run("run").status, 2);
+  EXPECT_EQ(run("frobnicate").status, 2);
+}
+
+TEST_F(TesselSim, HelpAnswersOnEverySubcommand) {
+  for (const char* sub : {"", "demo ", "run ", "check ", "color "}) {
+    Outcome outcome = run(std::string(sub) + "--help");
+    EXPECT_EQ(outcome.status, 0) << sub;
+    EXPECT_THAT(outcome.output, HasSubstr("Usage")) << sub;
+  }
+}
+
+TEST_F(TesselSim, ColorPrintsBothAveragesOfAStoredPng) {
+  tessel::render::Picture picture{2, 1, {255, 0, 0, 255, 0, 0, 255, 255}};
+  std::string error;
+  ASSERT_TRUE(tessel::render::writePng(picture, path("two.png"), error)) << error;
+  Outcome text = run("color " + path("two.png"));
+  EXPECT_EQ(text.status, 0) << text.output;
+  EXPECT_THAT(text.output, HasSubstr("averageColor 0.500000 0.000000 0.500000 1.000000\n"));
+  EXPECT_THAT(text.output, HasSubstr("mergedColor "));
+  Outcome json = run("color --json " + path("two.png"));
+  auto parsed = nlohmann::json::parse(json.output);
+  EXPECT_NEAR(parsed["averageColor"][0].get<double>(), 0.5, 1e-6);
+  EXPECT_NEAR(parsed["averageColor"][2].get<double>(), 0.5, 1e-6);
+  EXPECT_EQ(parsed["mergedColor"][3].get<double>(), 1.0);
+  write("not.png", "hello");
+  Outcome broken = run("color " + path("not.png"));
+  EXPECT_EQ(broken.status, 2);
+}
+
+}  // namespace
