@@ -21,7 +21,8 @@ std::string line(const char* name, const host::Color& c) {
 // JSON has no NaN; an image of zero size averages to null components.
 nlohmann::json components(const host::Color& c) {
   nlohmann::json list = nlohmann::json::array();
-  for (double v : {c.red, c.green, c.blue, c.alpha}) list.push_back(std::isnan(v) ? nlohmann::json() : nlohmann::json(v));
+  for (double v : {c.red, c.green, c.blue, c.alpha})
+    list.push_back(std::isnan(v) ? nlohmann::json() : nlohmann::json(v));
   return list;
 }
 

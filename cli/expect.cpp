@@ -58,7 +58,8 @@ bool contains(const json& got, const json& want) {
     }
     return false;
   }
-  if (got.is_string() && want.is_string()) return got.get<std::string>().find(want.get<std::string>()) != std::string::npos;
+  if (got.is_string() && want.is_string())
+    return got.get<std::string>().find(want.get<std::string>()) != std::string::npos;
   if (got.is_object() && want.is_string()) return got.contains(want.get<std::string>());
   return false;
 }

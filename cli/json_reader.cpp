@@ -6,8 +6,6 @@
 
 namespace tessel::cli {
 
-
-
 void JsonReader::error(const std::string& place, const std::string& message) {
   errors_.push_back(place + ": " + message);
 }
@@ -120,7 +118,7 @@ std::string member(const std::string& place, const std::string& key) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
   });
   if (plain) return place.empty() ? key : place + "." + key;
-  return place + "[" +  Json(key).dump() + "]";
+  return place + "[" + Json(key).dump() + "]";
 }
 
 std::string element(const std::string& place, std::size_t index) { return place + "[" + std::to_string(index) + "]"; }
@@ -142,8 +140,8 @@ long long daysFromCivil(long long y, unsigned m, unsigned d) {
 std::optional<double> parseIsoTime(const std::string& text) {
   int year = 0, month = 0, day = 0, hour = 0, minute = 0, consumed = 0;
   double second = 0;
-  if (std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%lf%n", &year, &month, &day, &hour, &minute, &second,
-                  &consumed) != 6) {
+  if (std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%lf%n", &year, &month, &day, &hour, &minute, &second, &consumed) !=
+      6) {
     return std::nullopt;
   }
   if (month < 1 || month > 12 || day < 1 || day > 31 || hour > 23 || minute > 59 || second < 0 || second >= 61) {

@@ -9,13 +9,12 @@
 
 namespace tessel::cli {
 
-
 namespace fs = std::filesystem;
 
 namespace {
 
-const std::vector<std::string> kGestures = {"swipeUp", "swipeDown", "tap", "doubleTap", "tripleTap", "tapAndHold",
-                                            "hold"};
+const std::vector<std::string> kGestures = {"swipeUp",   "swipeDown",  "tap", "doubleTap",
+                                            "tripleTap", "tapAndHold", "hold"};
 
 // The fields each event takes besides `at` and `do`.
 const std::map<std::string, std::vector<std::string>>& eventFields() {
@@ -72,8 +71,9 @@ class ScenarioParser {
   ParseResult parse() {
     Scenario scenario;
     scenario.baseDirectory = base_;
-    if (in_.object(doc_, "scenario", {"screen", "platform", "settings", "settingsFile", "clock", "wallpaper", "apps",
-                                      "home", "notifications", "events"})) {
+    if (in_.object(doc_, "scenario",
+                   {"screen", "platform", "settings", "settingsFile", "clock", "wallpaper", "apps", "home",
+                    "notifications", "events"})) {
       auto& world = scenario.world;
       if (doc_.contains("screen")) readScreen(doc_["screen"], world.screen);
       if (doc_.contains("platform")) readPlatform(doc_["platform"], world);
@@ -188,7 +188,8 @@ class ScenarioParser {
           app.color = *color;
         }
       }
-      if (item.contains("icon") && !item["icon"].is_null()) app.iconPath = existingFile(item["icon"], member(place, "icon"));
+      if (item.contains("icon") && !item["icon"].is_null())
+        app.iconPath = existingFile(item["icon"], member(place, "icon"));
       world.apps[id] = app;
     }
   }
@@ -208,7 +209,8 @@ class ScenarioParser {
       }
     }
     if (value.contains("dock")) world.dock = in_.strings(value["dock"], "home.dock").value_or(world.dock);
-    if (value.contains("webClips")) world.webClips = in_.strings(value["webClips"], "home.webClips").value_or(world.webClips);
+    if (value.contains("webClips"))
+      world.webClips = in_.strings(value["webClips"], "home.webClips").value_or(world.webClips);
     if (value.contains("newsstand")) {
       world.newsstand = in_.strings(value["newsstand"], "home.newsstand").value_or(world.newsstand);
     }
@@ -271,7 +273,8 @@ class ScenarioParser {
           folder.slot = static_cast<int>(*slot);
         }
       }
-      if (item.contains("icons")) folder.icons = in_.strings(item["icons"], member(place, "icons")).value_or(folder.icons);
+      if (item.contains("icons"))
+        folder.icons = in_.strings(item["icons"], member(place, "icons")).value_or(folder.icons);
       for (const auto& other : world.folders) {
         if (other.name == folder.name && !folder.name.empty()) {
           in_.error(member(place, "name"), "a second folder named \"" + folder.name + "\"");
@@ -303,7 +306,9 @@ class ScenarioParser {
   }
 
   static bool onHomeScreen(const sim::WorldConfig& world, const std::string& id) {
-    auto in = [&](const std::vector<std::string>& list) { return std::find(list.begin(), list.end(), id) != list.end(); };
+    auto in = [&](const std::vector<std::string>& list) {
+      return std::find(list.begin(), list.end(), id) != list.end();
+    };
     if (in(world.dock) || in(world.webClips) || in(world.newsstand)) return true;
     for (const auto& page : world.pages) {
       if (in(page)) return true;
@@ -407,7 +412,8 @@ class ScenarioParser {
         return;
       }
       auto id = in_.string(item["icon"], member(place, "icon"));
-      if (id && !onHomeScreen(world, *id)) in_.error(member(place, "icon"), "no icon \"" + *id + "\" on the home screen");
+      if (id && !onHomeScreen(world, *id))
+        in_.error(member(place, "icon"), "no icon \"" + *id + "\" on the home screen");
       if (id) event.icon = *id;
     };
     auto fileName = [&] {
@@ -428,8 +434,9 @@ class ScenarioParser {
       if (need("gesture")) {
         auto gesture = in_.string(item["gesture"], member(place, "gesture"));
         if (gesture && std::find(kGestures.begin(), kGestures.end(), *gesture) == kGestures.end()) {
-          in_.error(member(place, "gesture"),
-                    "unknown gesture \"" + *gesture + "\" (swipeUp, swipeDown, tap, doubleTap, tripleTap, tapAndHold, hold)");
+          in_.error(
+              member(place, "gesture"),
+              "unknown gesture \"" + *gesture + "\" (swipeUp, swipeDown, tap, doubleTap, tripleTap, tapAndHold, hold)");
         } else if (gesture) {
           event.gesture = *gesture;
         }
@@ -444,7 +451,8 @@ class ScenarioParser {
         event.row = row.value_or(0);
       }
     } else if (a == "home" || a == "doubleHome") {
-      if (item.contains("handled")) event.handled = in_.boolean(item["handled"], member(place, "handled")).value_or(true);
+      if (item.contains("handled"))
+        event.handled = in_.boolean(item["handled"], member(place, "handled")).value_or(true);
     } else if (a == "switcherTap" || a == "switcherLaunch" || a == "launch") {
       icon(true);
     } else if (a == "keyboard") {
@@ -528,7 +536,8 @@ class ScenarioParser {
     if (event.check == "near" && !isNumeric(event.value)) {
       in_.error(member(place, "near"), "expected a number or an array of numbers (arrays may nest)");
     }
-    if (event.check == "absent" && !event.value.is_boolean()) in_.error(member(place, "absent"), "expected true or false");
+    if (event.check == "absent" && !event.value.is_boolean())
+      in_.error(member(place, "absent"), "expected true or false");
     if (item.contains("tol")) {
       if (event.check != "near") in_.error(member(place, "tol"), "only a near check takes a tolerance");
       event.tolerance = in_.nonNegative(item["tol"], member(place, "tol")).value_or(1e-6);

@@ -35,7 +35,7 @@ struct Event {
   double fps = 60;
   // `expect`
   std::string pointer;
-  std::string check;  // "equals", "near", "contains" or "absent"
+  std::string check;     // "equals", "near", "contains" or "absent"
   nlohmann::json value;  // what an expect compares with
   double tolerance = 1e-6;
 };

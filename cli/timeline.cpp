@@ -20,7 +20,8 @@ double micros(double seconds) { return std::round(seconds * 1e6); }
 json makeTimeline(const json& dump, const std::vector<json>& trace) {
   json events = json::array();
   auto nameTrack = [&](int tid, const std::string& name) {
-    events.push_back({{"ph", "M"}, {"name", "thread_name"}, {"pid", kProcess}, {"tid", tid}, {"args", {{"name", name}}}});
+    events.push_back(
+        {{"ph", "M"}, {"name", "thread_name"}, {"pid", kProcess}, {"tid", tid}, {"args", {{"name", name}}}});
   };
   events.push_back(
       {{"ph", "M"}, {"name", "process_name"}, {"pid", kProcess}, {"tid", 0}, {"args", {{"name", "simulated phone"}}}});

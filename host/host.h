@@ -54,9 +54,7 @@ class Host {
   virtual Ref<Label> makeLabel(const Rect& /*frame*/) { return {}; }
   virtual Ref<ScrollView> makeScrollView(const Rect& /*frame*/) { return {}; }
   virtual Ref<TableView> makeTableView(const Rect& /*frame*/, std::int64_t /*style*/) { return {}; }
-  virtual Ref<TableViewCell> makeTableViewCell(std::int64_t /*style*/, const String& /*reuseIdentifier*/) {
-    return {};
-  }
+  virtual Ref<TableViewCell> makeTableViewCell(std::int64_t /*style*/, const String& /*reuseIdentifier*/) { return {}; }
   virtual Ref<BackdropSettings> backdropSettingsForPrivateStyle(std::int64_t /*style*/) { return {}; }
   virtual Ref<BackdropView> makeBackdropView(const Rect& /*frame*/, bool /*autosizesToFitSuperview*/,
                                              const Ref<BackdropSettings>& /*settings*/) {

@@ -47,7 +47,7 @@ class IconController : public virtual Object {
   // `getListView:folder:relativePath:forIndexPath:createIfNecessary:` with no
   // folder and no relative path asked for: the list view comes back here.
   virtual Ref<IconListView> getListViewFolderRelativePathForIndexPathCreateIfNecessary(const IndexPath& /*path*/,
-                                                                                     bool /*create*/) {
+                                                                                       bool /*create*/) {
     return {};
   }
 };

@@ -12,8 +12,9 @@
 namespace tessel::host::signature {
 
 using IconViewLayoutSubviews = void(const Ref<IconView>& self);
-using BulletinViewControllerInitWithNibNameBundle = Ref<BulletinViewController>(
-    const Ref<BulletinViewController>& self, const String& nibName, const Ref<Object>& bundle);
+using BulletinViewControllerInitWithNibNameBundle = Ref<BulletinViewController>(const Ref<BulletinViewController>& self,
+                                                                                const String& nibName,
+                                                                                const Ref<Object>& bundle);
 using FolderInitWithMaxListCountMaxIconCountInLists = Ref<Folder>(const Ref<Folder>& self, std::uint64_t maxListCount,
                                                                   std::uint64_t maxIconCountInLists);
 using LockScreenManagerUnlockUIFromSourceWithOptions = void(const Ref<Object>& self, std::int64_t source,

@@ -4,11 +4,11 @@
 #include <memory>
 #include <vector>
 
+#include "host/action_target.h"
 #include "host/color.h"
 #include "host/geometry.h"
-#include "host/layer.h"
-#include "host/action_target.h"
 #include "host/image.h"
+#include "host/layer.h"
 #include "host/object.h"
 #include "host/string.h"
 
