@@ -14,9 +14,7 @@
 #include "cli/output_file.h"
 #include "cli/timeline.h"
 #include "sim/world.h"
-#ifdef TESSEL_HAVE_RENDER
 #include "render/render.h"
-#endif
 
 namespace tessel::cli {
 
@@ -94,7 +92,6 @@ class Run {
 
   // Moves the clock forward, taking the frames of running recordings on the way.
   void advanceTo(double t) {
-#ifdef TESSEL_HAVE_RENDER
     for (;;) {
       Recording* next = nullptr;
       for (auto& recording : recordings_) {
@@ -108,8 +105,8 @@ class Run {
       if (next->nextFrame > next->until + 1e-9) finishRecording(*next);
       recordings_.remove_if([](const Recording& r) { return r.done; });
     }
-#endif
-    if (t > world_->time()) world_->advanceTo(t);
+    // Blocks queued by an earlier event of the same instant run first.
+    world_->advanceTo(std::max(t, world_->time()));
   }
 
   void perform(const Event& e) {
@@ -168,7 +165,6 @@ class Run {
   }
 
   void snapshot(const Event& e) {
-#ifdef TESSEL_HAVE_RENDER
     std::string path = (fs::path(options_.outDirectory) / (e.name + ".png")).string();
     std::string error;
     if (!render::writePng(render::renderWorld(*world_, pictureScale()), path, error)) {
@@ -177,13 +173,9 @@ class Run {
       return;
     }
     wrote(path);
-#else
-    err_ << "note: this build draws no pictures; snapshot " << e.name << " skipped\n";
-#endif
   }
 
   void startRecording(const Event& e) {
-#ifdef TESSEL_HAVE_RENDER
     const auto& screen = scenario_.world.screen;
     int width = static_cast<int>(std::lround(screen.width * pictureScale()));
     int height = static_cast<int>(std::lround(screen.height * pictureScale()));
@@ -196,19 +188,13 @@ class Run {
     recording.animation = std::make_shared<render::Animation>(width, height, e.fps);
     recordings_.push_back(recording);
     advanceTo(e.at);
-#else
-    err_ << "note: this build draws no pictures; record " << e.name << " skipped\n";
-#endif
   }
 
   void finishRecordings() {
-#ifdef TESSEL_HAVE_RENDER
     for (auto& recording : recordings_) finishRecording(recording);
     recordings_.clear();
-#endif
   }
 
-#ifdef TESSEL_HAVE_RENDER
   struct Recording {
     std::string name;
     double start = 0;
@@ -234,7 +220,6 @@ class Run {
   }
 
   std::list<Recording> recordings_;
-#endif
 
   void write(const std::string& name, const std::string& contents) {
     std::string path = (fs::path(options_.outDirectory) / name).string();
