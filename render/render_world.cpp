@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "render/alert_card.h"
+#include "render/keyboard.h"
 #include "render/layer_stack.h"
 #include "render/render.h"
 #include "render/status_bar.h"
@@ -56,6 +57,7 @@ Picture renderWorld(const sim::World& world, double scale) {
   LayerStack layers(cr, canvas);
   ViewPainter painter(cr, layers, text, {world.time(), scale, &config, home});
   if (const auto& window = host.window()) painter.paint(*window);
+  if (const auto& keyboard = host.keyboardFrame()) paintKeyboard(cr, *keyboard);
   paintStatusBar(cr, text, screen);
 
   // An alert stays up once shown: nothing in this phone dismisses one.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -95,6 +96,10 @@ class SimHost : public host::Host {
   const SimDarwinNotifyCenter& darwinCenter() const { return *darwinCenter_; }
   const std::shared_ptr<SimView>& window() const { return window_; }
   host::Rect screenBounds() const { return {0, 0, config_.screen.width, config_.screen.height}; }
+  // The on-screen keyboard's frame while it is up (it lives in a window of
+  // its own, above the key window).
+  const std::optional<host::Rect>& keyboardFrame() const { return keyboardFrame_; }
+  void setKeyboardFrame(std::optional<host::Rect> frame) { keyboardFrame_ = frame; }
 
   // The home screen, once built (see buildHomeScreen).
   HomeScreen* homeScreen() { return home_.get(); }
@@ -125,6 +130,7 @@ class SimHost : public host::Host {
 
   WorldConfig config_;
   std::string fileSystemRoot_;
+  std::optional<host::Rect> keyboardFrame_;
   VirtualClock clock_;
   Recorder recorder_{clock_};
   ObjectRegistry registry_;

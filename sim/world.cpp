@@ -209,6 +209,7 @@ void World::keyboard(bool show, const host::Rect& endFrame) {
   s.event("keyboard", {{"show", show}, {"frame", toJsonValue(endFrame)}}, [&] {
     auto userInfo = std::make_shared<SimDictionary>();
     userInfo->set("UIKeyboardFrameEndUserInfoKey", std::make_shared<SimValue>(endFrame));
+    s.host->setKeyboardFrame(show ? std::optional<host::Rect>(endFrame) : std::nullopt);
     s.host->notificationCenter().post(show ? "UIKeyboardWillShowNotification" : "UIKeyboardWillHideNotification",
                                       host::Ref<host::Dictionary>(userInfo));
   });
