@@ -122,4 +122,28 @@ TEST_F(TesselSim, ColorPrintsBothAveragesOfAStoredPng) {
   EXPECT_EQ(broken.status, 2);
 }
 
+TEST_F(TesselSim, ColorAgreesWithAnIndependentAverageOfTheStoredBytes) {
+  // An odd-sized picture of varied, partly translucent pixels: stored as they
+  // are, so the average is over the bytes as written.
+  tessel::render::Picture picture{37, 23, {}};
+  std::uint32_t seed = 12345;
+  double sums[3] = {0, 0, 0};
+  for (int i = 0; i < picture.width * picture.height; ++i) {
+    for (int c = 0; c < 4; ++c) {
+      seed = seed * 1664525u + 1013904223u;
+      std::uint8_t byte = std::uint8_t(seed >> 24);
+      if (c == 3) byte = std::uint8_t(128 + byte / 2);
+      picture.rgba.push_back(byte);
+      if (c < 3) sums[c] += byte;
+    }
+  }
+  std::string error;
+  ASSERT_TRUE(tessel::render::writePng(picture, path("varied.png"), error)) << error;
+  auto parsed = nlohmann::json::parse(run("color --json " + path("varied.png")).output);
+  for (int c = 0; c < 3; ++c) {
+    EXPECT_NEAR(parsed["averageColor"][c].get<double>(), sums[c] / (37.0 * 23.0 * 255.0), 1e-6) << c;
+  }
+  EXPECT_EQ(parsed["averageColor"][3].get<double>(), 1.0);
+}
+
 }  // namespace
