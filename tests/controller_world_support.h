@@ -60,7 +60,7 @@ inline sim::WorldConfig smallPhone() {
   sim::WorldConfig config;
   config.screen = {320, 568, 2};
   config.pages = {{kMail, kMaps, kNotes, "com.example.clock", "com.example.photos"}};
-  config.dock = {kPhone, "com.example.safari"};
+  config.dock = {kPhone, "com.example.browser"};
   config.folders = {{"Tools", 0, 5, {kCalc}}};
   config.webClips = {kBookmark};
   config.pageList = host::Rect{0, 0, 320, 568};
