@@ -14,12 +14,7 @@ SimTableView::SimTableView(SimHost& host, std::shared_ptr<SimClass> cls, const h
 void SimTableView::awake() { simHost().layoutPass().tableWantsRows(*this); }
 
 void SimTableView::setBackgroundView(const host::Ref<host::View>& view) {
-  if (auto old = backgroundView_.lock()) old->removeFromSuperview();
-  auto* background = simView(view);
-  backgroundView_ = background ? background->self<SimView>() : nullptr;
-  if (!background) return;
-  insertChild(background->self<SimView>(), 0);
-  background->setFrame(bounds());
+  replaceBackgroundView(backgroundView_, view);
 }
 
 void SimTableView::registerClassForCellReuseIdentifier(std::string_view className, const host::String& identifier) {

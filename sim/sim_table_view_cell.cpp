@@ -25,12 +25,7 @@ void SimTableViewCell::awake() {
 }
 
 void SimTableViewCell::setBackgroundView(const host::Ref<host::View>& view) {
-  if (auto old = backgroundView_.lock()) old->removeFromSuperview();
-  auto* background = simView(view);
-  backgroundView_ = background ? background->self<SimView>() : nullptr;
-  if (!background) return;
-  insertChild(background->self<SimView>(), 0);
-  background->setFrame(bounds());
+  replaceBackgroundView(backgroundView_, view);
 }
 
 void SimTableViewCell::layoutSubviewsNow() {

@@ -195,4 +195,13 @@ std::shared_ptr<SimView> SimView::hitTest(const host::Point& point) {
   return self<SimView>();
 }
 
+void SimView::replaceBackgroundView(std::weak_ptr<SimView>& slot, const host::Ref<host::View>& view) {
+  if (auto old = slot.lock()) old->removeFromSuperview();
+  auto* background = simView(view);
+  slot = background ? background->self<SimView>() : nullptr;
+  if (!background) return;
+  insertChild(background->self<SimView>(), 0);
+  background->setFrame(bounds());
+}
+
 }  // namespace tessel::sim

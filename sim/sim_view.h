@@ -80,6 +80,9 @@ class SimView : public SimObject, public virtual host::View {
   void setNeedsLayoutFlag(bool needs) { needsLayout_ = needs; }
 
  protected:
+  // Puts `view` at the back of this view, filling it, in place of the one
+  // `slot` named before (a table's or a cell's background view).
+  void replaceBackgroundView(std::weak_ptr<SimView>& slot, const host::Ref<host::View>& view);
   void setOpaque(bool opaque) { opaque_ = opaque; }
   // Called after the view got a new superview.
   virtual void didMoveToSuperview() {}
