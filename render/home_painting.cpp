@@ -14,6 +14,7 @@
 #include "render/sprite_cache.h"
 #include "render/view_painter.h"
 #include "sim/home_screen.h"
+#include "sim/icon_art.h"
 #include "sim/sim_folder.h"
 #include "sim/sim_icon_view.h"
 #include "sim/world_config.h"
@@ -35,7 +36,7 @@ IconArt artFor(const sim::SimIcon& icon, const sim::WorldConfig* config) {
     auto found = config->apps.find(identifier);
     if (found != config->apps.end()) {
       if (art.name.empty()) art.name = found->second.name;
-      if (!icon.app()) art.color = parseHexColor(found->second.color).value_or(art.color);
+      if (!icon.app()) art.color = sim::parseHexColor(found->second.color).value_or(art.color);
       // The host loaded the scenario's PNG as the icon's image.
       if (!found->second.iconPath.empty() && icon.image()) art.picture = surfaceForImage(icon.image());
     }
