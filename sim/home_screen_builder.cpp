@@ -88,8 +88,14 @@ std::shared_ptr<SimIcon> HomeScreenBuilder::icon(const std::string& className, c
   if (identifier.empty()) return made;
   made->setDisplayIdentifier(identifier);
   if (className == "SBWebApplicationIcon") {
-    made->setDisplayName(generatedName(identifier));
-    made->setImage(pictureFor(identifier, generatedColor(identifier)));
+    // A web clip has no application, but the scenario may still name and colour it.
+    auto configured = config_.apps.find(identifier);
+    bool given = configured != config_.apps.end();
+    made->setDisplayName(given && !configured->second.name.empty() ? configured->second.name
+                                                                   : generatedName(identifier));
+    host::Color color = generatedColor(identifier);
+    if (given) color = parseHexColor(configured->second.color).value_or(color);
+    made->setImage(pictureFor(identifier, color));
   } else {
     auto app = application(identifier);
     made->setApp(app);
