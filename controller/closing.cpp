@@ -50,8 +50,8 @@ void returnHomeScreen(const TesselNotificationController& controller) {
   auto iconViews = state.iconViews;  // the host may lay out (and add) icon views meanwhile
   for (const auto& view : iconViews) view->setAlpha(1.0);
   auto panel = controller.genericPanel();
-  panel->fullBackBlur()->setAlpha(0);
-  panel->whitenUpBackBlurImageView()->setAlpha(0);
+  panel.fullBackBlur()->setAlpha(0);
+  panel.whitenUpBackBlurImageView()->setAlpha(0);
 
   auto sender = state.globalViewSender.lock();
   bool dock = sender->isInDock();

@@ -38,12 +38,11 @@ Triangle arrowTriangle(const host::Ref<host::IconView>& sender, const host::Rect
 }
 
 // A full-window surface like the panel's: blurred when dark, white when light.
-host::Ref<host::View> makeArrowView(const host::Rect& windowFrame,
-                                    const host::Ref<TesselGenericNotificationView>& panel) {
+host::Ref<host::View> makeArrowView(const host::Rect& windowFrame, const PanelLink& panel) {
   auto& host = hostRef();
   auto arrow = host.makeView(windowFrame);
   if (shared().darkMode) {
-    auto backdrop = host.makeBackdropView(arrow->frame(), true, panel->folderBlurBackSettings());
+    auto backdrop = host.makeBackdropView(arrow->frame(), true, panel.folderBlurBackSettings());
     backdrop->setBlurQuality("default");
     arrow->setAlpha(0.7);
     arrow->addSubview(backdrop);

@@ -67,8 +67,8 @@ void TesselNotificationController::performOpeningAnimation() {
   Shifts shifts = shiftsOutOfPanel(folder, dock, icon, iconInWindow, built);
 
   panelView->setAlpha(0);
-  panel->fullBackBlur()->setAlpha(0);
-  panel->whitenUpBackBlurImageView()->setAlpha(0);
+  panel.fullBackBlur()->setAlpha(0);
+  panel.whitenUpBackBlurImageView()->setAlpha(0);
   arrow->setAlpha(0);
 
   // Page and folder panels settle 5 points higher than built, dock panels 5 lower.
@@ -92,7 +92,7 @@ void TesselNotificationController::performOpeningAnimation() {
   auto self = shared_from_this();
   auto grow = [self, panelView, shifts] {
     auto& state = shared();
-    hostRef().mainQueue()->async(shieldedBlock([self] { self->genericPanel()->updateForFrameChange(); }));
+    hostRef().mainQueue()->async(shieldedBlock([self] { self->genericPanel().updateForFrameChange(); }));
     auto sender = state.globalViewSender.lock();
     if (!sender->isInDock()) moveViewVertically(state.iconView.lock(), -shifts.rise);
     panelView->setAlpha(1.0);
@@ -108,7 +108,7 @@ void TesselNotificationController::performOpeningAnimation() {
     state.intermediateTesselFrame = {0, rest.y, state.newTesselFrame.width, state.newTesselFrame.height};
     panelView->setFrame({0, rest.y, rest.width, rest.height});
     state.arrowView->setFrame(state.oldArrowFrame);
-    self->genericPanel()->fullBackBlur()->setAlpha(1.0);
+    self->genericPanel().fullBackBlur()->setAlpha(1.0);
   };
   auto settle = [self, panelView](bool) {
     hostRef().animator()->animateWithDuration(

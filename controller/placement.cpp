@@ -37,7 +37,7 @@ void TesselNotificationController::showTesselForBundleIdentifier(const host::Str
   }
 
   // Reaches the panel of an earlier opening, if one is still held.
-  genericPanel()->setVerticalOffset(300);
+  genericPanel().setVerticalOffset(300);
 
   if (!sender->isInDock()) {
     state.checkIconOriginY = truncateToInt32(sender->frame().y);

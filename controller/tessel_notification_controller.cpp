@@ -34,8 +34,8 @@ void TesselNotificationController::performAction(std::string_view selector,
   }
 }
 
-host::Ref<TesselGenericNotificationView> TesselNotificationController::genericPanel() const {
-  return TesselGenericNotificationView::of(genericView_);
+PanelLink TesselNotificationController::genericPanel() const {
+  return PanelLink(TesselGenericNotificationView::of(genericView_));
 }
 
 std::vector<host::Ref<host::IconView>> TesselNotificationController::gatherIconViews() const {

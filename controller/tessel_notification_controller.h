@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "controller/panel_link.h"
 #include "host/host.h"
 
 namespace tessel {
@@ -52,7 +53,7 @@ class TesselNotificationController : public host::ActionTarget,
   // The panel's view; `genericPanel()` is the library object behind it.
   const host::Ref<host::View>& genericView() const { return genericView_; }
   void setGenericView(host::Ref<host::View> view) { genericView_ = std::move(view); }
-  host::Ref<TesselGenericNotificationView> genericPanel() const;
+  PanelLink genericPanel() const;
   const host::Ref<host::View>& specializedView() const { return specializedView_; }
   void setSpecializedView(host::Ref<host::View> view) { specializedView_ = std::move(view); }
   const host::Ref<host::BackdropView>& specializedFullBackBlur() const { return specializedFullBackBlur_; }

@@ -7,18 +7,20 @@
 
 namespace tessel::host {
 
-// The shared "nothing" of a kind: every operation on it does nothing and
-// yields zero, false, an empty rectangle or an empty reference. It is reset
-// on every use so that a setter sent to nothing leaves no trace behind.
+// The shared "nothing" of an interface: every operation on it does nothing
+// and yields zero, false, an empty rectangle or an empty reference. Host
+// interfaces hold no state, so one instance serves every empty reference.
 template <class T>
 T& nullObject() {
   static T instance;
-  instance = T();
   return instance;
 }
 
-// A reference to a host object (or one of the library's own). An empty
-// reference behaves as a message to nothing: `->` reaches the null object.
+// A strong reference to a host object, through one of the host's
+// interfaces. What stands behind it is the host's: on the substitute host
+// the object itself, on the phone a wrapper that retains the platform
+// object for as long as it lives. An empty reference behaves as a message to
+// nothing: `->` reaches the null object.
 template <class T>
 class Ref {
  public:
@@ -39,48 +41,28 @@ class Ref {
   std::shared_ptr<T> object_;
 };
 
-// The address of the whole object, whichever of its interfaces `object`
-// points at (interfaces are virtual bases, so those addresses differ).
+// The platform object a reference names, as the host identifies it; nothing
+// for an empty reference.
 template <class T>
-const void* identityOf(const T* object) {
-  if constexpr (std::is_polymorphic_v<T>) {
-    return dynamic_cast<const void*>(object);
-  } else {
-    return object;
-  }
+const void* identityOf(const Ref<T>& object) {
+  return object ? object.get()->identity() : nullptr;
 }
 
-// Identity, as the platform compares object pointers.
+// Identity, as the platform compares object pointers: two references to one
+// object are equal whichever interfaces and wrappers they go through.
 template <class T, class U>
 bool operator==(const Ref<T>& a, const Ref<U>& b) {
-  return identityOf(a.get()) == identityOf(b.get());
+  return identityOf(a) == identityOf(b);
 }
 template <class T>
 bool operator==(const Ref<T>& a, std::nullptr_t) {
   return !a;
 }
 
-// A reference that does not keep its object alive: once the host lets the
-// object go, it reads as nothing, never as a dangling pointer.
-template <class T>
-class Weak {
- public:
-  Weak() = default;
-  Weak(const Ref<T>& object) : object_(object.shared()) {}  // NOLINT
-  template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  Weak(const Ref<U>& object) : object_(std::shared_ptr<T>(object.shared())) {}  // NOLINT
-
-  Ref<T> lock() const { return Ref<T>(object_.lock()); }
-  // Chains through a temporary Ref that lives to the end of the expression.
-  Ref<T> operator->() const { return lock(); }
-  explicit operator bool() const { return !object_.expired(); }
-
- private:
-  std::weak_ptr<T> object_;
-};
-
-// The platform's dynamic kind test on a reference: the object as a T, or
-// nothing when it is not one.
+// The same object through another of the host's interfaces, or nothing when
+// the host's object does not offer that interface. This is not the
+// platform's kind test (that is `isKindOfClass:`): a phone object answers
+// every interface, as any message can be sent to it.
 template <class T, class U>
 Ref<T> cast(const Ref<U>& object) {
   return Ref<T>(std::dynamic_pointer_cast<T>(object.shared()));

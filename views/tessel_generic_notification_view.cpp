@@ -49,9 +49,8 @@ host::Ref<host::View> TesselGenericNotificationView::initWithFrameBundleIdentifi
   return view;
 }
 
-host::Ref<TesselGenericNotificationView> TesselGenericNotificationView::of(const host::Ref<host::View>& view) {
-  return host::Ref<TesselGenericNotificationView>(
-      std::dynamic_pointer_cast<TesselGenericNotificationView>(view->viewDelegate()));
+std::shared_ptr<TesselGenericNotificationView> TesselGenericNotificationView::of(const host::Ref<host::View>& view) {
+  return std::dynamic_pointer_cast<TesselGenericNotificationView>(view->viewDelegate());
 }
 
 // The five layers are made here and left unattached; layout and the reveal

@@ -22,7 +22,7 @@ class TesselGenericNotificationView : public host::ViewDelegate,
   static host::Ref<host::View> initWithFrameBundleIdentifier(const host::Rect& frame,
                                                              const host::String& bundleIdentifier);
   // The panel behind a view of this class, or nothing.
-  static host::Ref<TesselGenericNotificationView> of(const host::Ref<host::View>& view);
+  static std::shared_ptr<TesselGenericNotificationView> of(const host::Ref<host::View>& view);
 
   void updateForFrameChange();
 
