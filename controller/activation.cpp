@@ -1,16 +1,12 @@
-#include "controller/host_lookup.h"
 #include "controller/tessel_notification_controller.h"
 
 namespace tessel {
 namespace {
 
-constexpr std::string_view kHeldAction = "handleIconHeldFromSender:";
-constexpr std::uint64_t kSwipeUp = 4;
-constexpr std::uint64_t kSwipeDown = 8;
+namespace platform = host::platform;
 
-void alertInvalidActivationMethod() {
-  hostRef()
-      .makeAlertView("Tessel", "Something has gone wrong! Please adjust your Activation method in Tessel Settings.",
+void alertInvalidActivationMethod(host::Host& host) {
+  host.makeAlertView("Tessel", "Something has gone wrong! Please adjust your Activation method in Tessel Settings.",
                      "Dismiss")
       ->show();
 }
@@ -19,20 +15,21 @@ void alertInvalidActivationMethod() {
 
 void TesselNotificationController::registerLongHoldNotificationWithBundleIdentifier(
     const host::String& bundleIdentifier) {
-  auto iconView = iconViewForBundleIdentifier(bundleIdentifier);
-  auto& host = hostRef();
-  auto swipe = host.makeSwipeGestureRecognizer(weak_from_this(), kHeldAction);
-  auto tap = host.makeTapGestureRecognizer(weak_from_this(), kHeldAction);
-  auto longPress = host.makeLongPressGestureRecognizer(weak_from_this(), kHeldAction);
+  auto iconView = context_.iconViewForBundleIdentifier(bundleIdentifier);
+  auto& host = context_.host;
+  auto self = object();
+  auto swipe = host.makeSwipeGestureRecognizer(self, host::action::handleIconHeldFromSender);
+  auto tap = host.makeTapGestureRecognizer(self, host::action::handleIconHeldFromSender);
+  auto longPress = host.makeLongPressGestureRecognizer(self, host::action::handleIconHeldFromSender);
 
   // Compared unsigned, so that negative methods are invalid too.
-  switch (static_cast<std::uintptr_t>(shared().activationMethod)) {
+  switch (static_cast<std::uintptr_t>(state_.activationMethod)) {
     case 0:
-      swipe->setDirection(kSwipeUp);
+      swipe->setDirection(platform::kSwipeDirectionUp);
       iconView->addGestureRecognizer(swipe);
       break;
     case 1:
-      swipe->setDirection(kSwipeDown);
+      swipe->setDirection(platform::kSwipeDirectionDown);
       iconView->addGestureRecognizer(swipe);
       break;
     case 2:
@@ -49,18 +46,16 @@ void TesselNotificationController::registerLongHoldNotificationWithBundleIdentif
       iconView->addGestureRecognizer(longPress);
       break;
     default:
-      alertInvalidActivationMethod();
+      alertInvalidActivationMethod(host);
       break;
   }
 }
 
 void TesselNotificationController::handleIconHeldFromSender(const host::Ref<host::GestureRecognizer>& sender) {
-  if (iconController()->isEditing()) return;
-  isLightMode_ = !shared().darkMode;
+  if (context_.iconController()->isEditing()) return;
+  isLightMode_ = !state_.darkMode;
   auto heldView = host::cast<host::IconView>(sender->view());
   showTesselForBundleIdentifier(heldView->icon()->application()->bundleIdentifier());
 }
-
-void TesselNotificationController::dismissTessel() { removeTesselViewsFromView({}); }
 
 }  // namespace tessel

@@ -1,17 +1,13 @@
-#include "controller/host_lookup.h"
 #include "controller/tessel_notification_controller.h"
 
 namespace tessel {
 namespace {
 
-// Releases up to this one keep their notifications in the list controller.
-constexpr double kLastListControllerRelease = 800.0;
-
-std::optional<host::BulletinArray> bulletinsFromListController(const host::String& bundleIdentifier) {
+std::optional<host::BulletinArray> bulletinsFromListController(Context& context, const host::String& bundleIdentifier) {
   host::Ref<host::LegacyBulletinSection> section;
   for (std::int64_t index = 0;; ++index) {
-    auto list =
-        host::cast<host::BulletinListController>(classNamed("SBBulletinListController")->sharedInstanceIfExists());
+    auto list = host::cast<host::BulletinListController>(
+        context.classNamed("SBBulletinListController")->sharedInstanceIfExists());
     section = list->_sectionAtIndex(index);
     if (!section) return std::nullopt;
     if (host::isEqualToString(section->sectionID(), bundleIdentifier)) break;
@@ -26,8 +22,8 @@ std::optional<host::BulletinArray> bulletinsFromListController(const host::Strin
   return bulletins;
 }
 
-std::optional<host::BulletinArray> bulletinsFromViewController(const host::String& bundleIdentifier) {
-  auto viewController = shared().bulletinViewController.lock();
+std::optional<host::BulletinArray> bulletinsFromViewController(Context& context, const host::String& bundleIdentifier) {
+  auto viewController = context.state.bulletinViewController.lock();
   host::Ref<host::BulletinSectionController> section;
   for (std::int64_t index = 0;; ++index) {
     section = viewController->sectionAtIndex(index);
@@ -42,10 +38,10 @@ std::optional<host::BulletinArray> bulletinsFromViewController(const host::Strin
 
 std::optional<host::BulletinArray> TesselNotificationController::bulletinsForBundleIdentifier(
     const host::String& bundleIdentifier) {
-  if (hostRef().coreFoundationVersionNumber() <= kLastListControllerRelease) {
-    return bulletinsFromListController(bundleIdentifier);
+  if (context_.host.coreFoundationVersionNumber() <= host::platform::kLastListControllerRelease) {
+    return bulletinsFromListController(context_, bundleIdentifier);
   }
-  return bulletinsFromViewController(bundleIdentifier);
+  return bulletinsFromViewController(context_, bundleIdentifier);
 }
 
 }  // namespace tessel

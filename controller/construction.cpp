@@ -1,26 +1,20 @@
 #include <array>
 
-#include "controller/host_lookup.h"
 #include "controller/tessel_notification_controller.h"
 #include "imaging/color_category.h"
 #include "views/tessel_generic_notification_view.h"
+#include "views/view_tags.h"
 
 namespace tessel {
 namespace {
-
-constexpr std::int64_t kRoundedRectButton = 1;
-constexpr std::uint64_t kTouchUpInside = 64;
-constexpr std::int64_t kIconCopyTag = 1333;
-constexpr std::int64_t kArrowTag = 1334;
-// Releases from this one answer a single application for an identifier.
-constexpr double kSingleApplicationLookupRelease = 1140.1;
 
 using Triangle = std::array<host::Point, 3>;
 
 // The arrow's corners: the middle one is the tip. `icon` is the held icon's
 // frame in its list, `panel` the panel's frame.
-Triangle arrowTriangle(const host::Ref<host::IconView>& sender, const host::Rect& icon, const host::Rect& panel) {
-  const auto& state = shared();
+Triangle arrowTriangle(Context& context, const host::Ref<host::IconView>& sender, const host::Rect& icon,
+                       const host::Rect& panel) {
+  const auto& state = context.state;
   double top = panel.y;
   double bottom = panel.maxY();
   double cx = icon.x + icon.width * 0.5;
@@ -29,7 +23,7 @@ Triangle arrowTriangle(const host::Ref<host::IconView>& sender, const host::Rect
     return {{{cx - 12.5, bottom}, {cx, bottom + 20}, {cx + 12.5, bottom}}};
   }
   if (state.iconExistsInFolder) {
-    host::Rect inWindow = keyWindow()->convertRectFromView(icon, sender->superview());
+    host::Rect inWindow = context.keyWindow()->convertRectFromView(icon, sender->superview());
     double fx = inWindow.x + inWindow.width * 0.5;
     return {{{fx - 12.5, top}, {fx, top - 20}, {fx + 12.5, top}}};
   }
@@ -38,10 +32,10 @@ Triangle arrowTriangle(const host::Ref<host::IconView>& sender, const host::Rect
 }
 
 // A full-window surface like the panel's: blurred when dark, white when light.
-host::Ref<host::View> makeArrowView(const host::Rect& windowFrame, const PanelLink& panel) {
-  auto& host = hostRef();
+host::Ref<host::View> makeArrowView(Context& context, const host::Rect& windowFrame, const PanelLink& panel) {
+  auto& host = context.host;
   auto arrow = host.makeView(windowFrame);
-  if (shared().darkMode) {
+  if (context.state.darkMode) {
     auto backdrop = host.makeBackdropView(arrow->frame(), true, panel.folderBlurBackSettings());
     backdrop->setBlurQuality("default");
     arrow->setAlpha(0.7);
@@ -54,8 +48,7 @@ host::Ref<host::View> makeArrowView(const host::Rect& windowFrame, const PanelLi
   return arrow;
 }
 
-void maskToTriangle(const host::Ref<host::View>& arrow, const Triangle& corners) {
-  auto& host = hostRef();
+void maskToTriangle(host::Host& host, const host::Ref<host::View>& arrow, const Triangle& corners) {
   auto mask = host.makeShapeLayer();
   mask->setFrame(arrow->frame());
   auto path = host.makeBezierPath();
@@ -65,12 +58,13 @@ void maskToTriangle(const host::Ref<host::View>& arrow, const Triangle& corners)
   path->closePath();
   mask->setPath(path->CGPath());
   arrow->layer()->setMask(mask);
-  arrow->setTag(kArrowTag);
+  arrow->setTag(tag::kArrow);
 }
 
-host::Ref<host::Application> applicationForBundleIdentifier(const host::String& bundleIdentifier) {
-  auto registry = host::cast<host::ApplicationController>(classNamed("SBApplicationController")->sharedInstance());
-  if (hostRef().coreFoundationVersionNumber() >= kSingleApplicationLookupRelease) {
+host::Ref<host::Application> applicationForBundleIdentifier(Context& context, const host::String& bundleIdentifier) {
+  auto registry =
+      host::cast<host::ApplicationController>(context.classNamed("SBApplicationController")->sharedInstance());
+  if (context.host.coreFoundationVersionNumber() >= host::platform::kWebKitSeparateRelease) {
     return registry->applicationWithBundleIdentifier(bundleIdentifier);
   }
   return host::objectAtIndex(registry->applicationsWithBundleIdentifier(bundleIdentifier), 0);
@@ -78,22 +72,22 @@ host::Ref<host::Application> applicationForBundleIdentifier(const host::String& 
 
 // A second icon view showing the application's icon, centred over the held
 // icon, its label hidden.
-host::Ref<host::IconView> makeIconCopy(const host::Ref<host::Application>& application,
+host::Ref<host::IconView> makeIconCopy(Context& context, const host::Ref<host::Application>& application,
                                        const host::Ref<host::IconView>& sender, const host::Rect& icon) {
   auto applicationIcon =
-      host::cast<host::Icon>(classNamed("SBApplicationIcon")->alloc())->initWithApplication(application);
-  auto copy = host::cast<host::IconView>(classNamed("SBIconView")->alloc())->initWithDefaultSize();
+      host::cast<host::Icon>(context.classNamed("SBApplicationIcon")->alloc())->initWithApplication(application);
+  auto copy = host::cast<host::IconView>(context.classNamed("SBIconView")->alloc())->initWithDefaultSize();
   copy->_setIconAnimated(applicationIcon, true);
-  copy->setDelegate(iconController());
-  if (sender->isInDock() || shared().iconExistsInFolder) {
-    host::Rect inWindow = keyWindow()->convertRectFromView(icon, sender->superview());
+  copy->setDelegate(context.iconController());
+  if (sender->isInDock() || context.state.iconExistsInFolder) {
+    host::Rect inWindow = context.keyWindow()->convertRectFromView(icon, sender->superview());
     copy->setCenter({inWindow.x + inWindow.width * 0.5, inWindow.y + inWindow.height * 0.5 - 8});
   } else {
     host::Point center = sender->center();
     copy->setCenter({center.x, center.y + icon.height * 0.25});
   }
   copy->setIconLabelAlpha(0);
-  copy->setTag(kIconCopyTag);
+  copy->setTag(tag::kIconCopy);
   return copy;
 }
 
@@ -101,35 +95,38 @@ host::Ref<host::IconView> makeIconCopy(const host::Ref<host::Application>& appli
 
 void TesselNotificationController::showGenericNotificationViewForBundleIdentifier(
     const host::String& bundleIdentifier) {
-  auto& state = shared();
-  auto window = keyWindow();
+  auto window = context_.keyWindow();
   host::Rect windowFrame = window->frame();
-  host::Rect screen = screenBounds();
+  host::Rect screen = context_.screenBounds();
 
-  dismissButton_ = hostRef().buttonWithType(kRoundedRectButton);
+  dismissButton_ = context_.host.buttonWithType(host::platform::kButtonTypeRoundedRect);
   dismissButton_->setFrame(windowFrame);
-  dismissButton_->addTargetActionForControlEvents(weak_from_this(), "removeTesselViewsFromView:", kTouchUpInside);
+  dismissButton_->addTargetActionForControlEvents(object(), host::action::removeTesselViewsFromView,
+                                                  host::platform::kControlEventTouchUpInside);
 
   // Asked once more and not used; the host sees the same questions as at placement.
-  (void)iconViewForBundleIdentifier(bundleIdentifier);
+  (void)context_.iconViewForBundleIdentifier(bundleIdentifier);
 
-  host::Rect panelFrame{0, state.originToStartFrom, screen.width, screen.height / 3.5 - 20};
-  genericView_ = TesselGenericNotificationView::initWithFrameBundleIdentifier(panelFrame, bundleIdentifier);
+  host::Rect panelFrame{0, state_.originToStartFrom, screen.width, screen.height / 3.5 - 20};
+  auto made = TesselGenericNotificationView::initWithFrameBundleIdentifier(context_, weak_from_this(), panelFrame,
+                                                                           bundleIdentifier);
+  genericView_ = made.view;
+  panel_ = made.panel;
 
-  auto arrow = makeArrowView(windowFrame, genericPanel());
-  state.arrowView = arrow;
+  auto arrow = makeArrowView(context_, windowFrame, genericPanel());
+  state_.arrowView = arrow;
   window->addSubview(arrow);
 
-  auto sender = state.globalViewSender.lock();
+  auto sender = state_.globalViewSender.lock();
   host::Rect icon = sender->frame();
-  maskToTriangle(arrow, arrowTriangle(sender, icon, genericView_->frame()));
+  maskToTriangle(context_.host, arrow, arrowTriangle(context_, sender, icon, genericView_->frame()));
 
-  auto application = applicationForBundleIdentifier(bundleIdentifier);
+  auto application = applicationForBundleIdentifier(context_, bundleIdentifier);
   // Without an application the arrow stays alone: no copy, no button, no panel.
   if (!application) return;
 
-  auto copy = makeIconCopy(application, sender, icon);
-  state.iconView = copy;
+  auto copy = makeIconCopy(context_, application, sender, icon);
+  state_.iconView = copy;
   window->addSubview(copy);
   window->addSubview(dismissButton_);
   if (sender->isInDock()) {

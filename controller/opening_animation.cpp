@@ -1,14 +1,10 @@
-#include "controller/host_lookup.h"
-#include "controller/shielded.h"
 #include "controller/tessel_notification_controller.h"
+#include "controller/timings.h"
 #include "controller/truncation.h"
 #include "controller/view_motion.h"
-#include "views/tessel_generic_notification_view.h"
 
 namespace tessel {
 namespace {
-
-constexpr std::int64_t kIconFadeDelayNanoseconds = 200000000;
 
 struct Shifts {
   double rise = 0;  // icons at or above the held icon's row move up by this
@@ -33,12 +29,12 @@ Shifts shiftsOutOfPanel(bool folder, bool dock, const host::Rect& icon, const ho
 
 // Moves an icon view of the page by `dy`; an open folder's icons move
 // through window coordinates.
-void moveIconView(const host::Ref<host::IconView>& view, const host::Rect& frame, double dy) {
-  if (!shared().iconExistsInFolder) {
+void moveIconView(Context& context, const host::Ref<host::IconView>& view, const host::Rect& frame, double dy) {
+  if (!context.state.iconExistsInFolder) {
     view->setFrame({frame.x, frame.y + dy, frame.width, frame.height});
     return;
   }
-  auto window = keyWindow();
+  auto window = context.keyWindow();
   auto list = view->superview();
   host::Rect inWindow = window->convertRectFromView(frame, list);
   inWindow.y += dy;
@@ -48,13 +44,13 @@ void moveIconView(const host::Ref<host::IconView>& view, const host::Rect& frame
 }  // namespace
 
 void TesselNotificationController::performOpeningAnimation() {
-  auto center = hostRef().defaultCenter();
-  center->addObserverSelectorNameObject(weak_from_this(), "keyboardWillShowOrHide:", "UIKeyboardWillShowNotification",
-                                        {});
-  center->addObserverSelectorNameObject(weak_from_this(), "keyboardWillShowOrHide:", "UIKeyboardWillHideNotification",
-                                        {});
+  auto center = context_.host.defaultCenter();
+  center->addObserverSelectorNameObject(object(), host::action::keyboardWillShowOrHide,
+                                        host::platform::kKeyboardWillShowNotification, {});
+  center->addObserverSelectorNameObject(object(), host::action::keyboardWillShowOrHide,
+                                        host::platform::kKeyboardWillHideNotification, {});
 
-  auto& state = shared();
+  auto& state = state_;
   auto panelView = genericView_;
   auto panel = genericPanel();
   auto sender = state.globalViewSender.lock();
@@ -62,7 +58,7 @@ void TesselNotificationController::performOpeningAnimation() {
   bool folder = state.iconExistsInFolder;
   bool dock = sender->isInDock();
   host::Rect icon = sender->frame();
-  host::Rect iconInWindow = keyWindow()->convertRectFromView(icon, sender->superview());
+  host::Rect iconInWindow = context_.keyWindow()->convertRectFromView(icon, sender->superview());
   host::Rect built = panelView->frame();
   Shifts shifts = shiftsOutOfPanel(folder, dock, icon, iconInWindow, built);
 
@@ -76,7 +72,7 @@ void TesselNotificationController::performOpeningAnimation() {
   host::Rect arrowBuilt = arrow->frame();
   state.oldTesselFrame = {built.x, built.y - nudge, built.width, built.height};
   state.oldArrowFrame = {arrowBuilt.x, arrowBuilt.y - nudge, arrowBuilt.width, arrowBuilt.height};
-  host::Rect screen = screenBounds();
+  host::Rect screen = context_.screenBounds();
   state.newTesselFrame = {0, built.y + built.height * 0.5 + 10, screen.width, screen.height / 20};
   double arrowY = dock ? state.oldArrowFrame.y - state.newTesselFrame.height
                        : state.oldArrowFrame.y + (state.newTesselFrame.y - state.oldTesselFrame.y);
@@ -84,15 +80,15 @@ void TesselNotificationController::performOpeningAnimation() {
   panelView->setFrame(state.newTesselFrame);
   arrow->setFrame(state.intermediateArrowFrame);
 
-  hostRef().mainQueue()->after(kIconFadeDelayNanoseconds, shieldedBlock([] {
-                                 hostRef().animator()->animateWithDuration(
-                                     0.25, shieldedBlock([] { shared().iconView->setAlpha(1.0); }));
-                               }));
-
   auto self = shared_from_this();
+  context_.host.mainQueue()->after(timing::kIconCopyFadeDelayNanoseconds, [self] {
+    self->context_.host.animator()->animateWithDuration(timing::kIconCopyFade,
+                                                        [self] { self->state_.iconView->setAlpha(1.0); });
+  });
+
   auto grow = [self, panelView, shifts] {
-    auto& state = shared();
-    hostRef().mainQueue()->async(shieldedBlock([self] { self->genericPanel().updateForFrameChange(); }));
+    auto& state = self->state_;
+    self->context_.host.mainQueue()->async([self] { self->genericPanel().updateForFrameChange(); });
     auto sender = state.globalViewSender.lock();
     if (!sender->isInDock()) moveViewVertically(state.iconView.lock(), -shifts.rise);
     panelView->setAlpha(1.0);
@@ -102,7 +98,7 @@ void TesselNotificationController::performOpeningAnimation() {
       if (view != sender) view->setAlpha(0.5);
       if (view->isInDock()) continue;
       bool rises = truncateToInt32(frame.y) <= state.checkIconOriginY;
-      moveIconView(view, frame, rises ? -shifts.rise : shifts.drop);
+      moveIconView(self->context_, view, frame, rises ? -shifts.rise : shifts.drop);
     }
     const host::Rect& rest = state.oldTesselFrame;
     state.intermediateTesselFrame = {0, rest.y, state.newTesselFrame.width, state.newTesselFrame.height};
@@ -111,19 +107,19 @@ void TesselNotificationController::performOpeningAnimation() {
     self->genericPanel().fullBackBlur()->setAlpha(1.0);
   };
   auto settle = [self, panelView](bool) {
-    hostRef().animator()->animateWithDuration(
-        0.25, shieldedBlock([panelView] { panelView->setFrame(shared().oldTesselFrame); }),
-        shieldedBlock([self, panelView](bool finished) {
+    self->context_.host.animator()->animateWithDuration(
+        0.25, [self, panelView] { panelView->setFrame(self->state_.oldTesselFrame); },
+        [self, panelView](bool finished) {
           if (finished) self->keepPanelInsideWindow(panelView);
-        }));
+        });
   };
-  hostRef().animator()->animateWithDuration(0.325, shieldedBlock(grow), shieldedBlock(settle));
+  context_.host.animator()->animateWithDuration(0.325, grow, settle);
 }
 
 void TesselNotificationController::keepPanelInsideWindow(const host::Ref<host::View>& panelView) {
-  auto& state = shared();
+  auto& state = state_;
   auto sender = state.globalViewSender.lock();
-  auto window = keyWindow();
+  auto window = context_.keyWindow();
   host::Rect icon = sender->frame();
   bool pageIcon = !state.iconExistsInFolder && !sender->isInDock();
   host::Rect measured = pageIcon ? icon : sender->superview()->convertRectToView(icon, window);
@@ -140,14 +136,13 @@ void TesselNotificationController::keepPanelInsideWindow(const host::Ref<host::V
   } else {
     return;
   }
-  hostRef().animator()->animateWithDuration(0.375, shieldedBlock([views, panelView, dy] {
-                                              auto& state = shared();
-                                              for (const auto& view : views) moveViewVertically(view, dy);
-                                              moveViewVertically(panelView, dy);
-                                              moveViewVertically(state.arrowView.lock(), dy);
-                                              if (!state.globalViewSender->isInDock())
-                                                moveViewVertically(state.iconView.lock(), dy);
-                                            }));
+  context_.host.animator()->animateWithDuration(0.375, [self = shared_from_this(), views, panelView, dy] {
+    auto& state = self->state_;
+    for (const auto& view : views) moveViewVertically(view, dy);
+    moveViewVertically(panelView, dy);
+    moveViewVertically(state.arrowView.lock(), dy);
+    if (!state.globalViewSender->isInDock()) moveViewVertically(state.iconView.lock(), dy);
+  });
 }
 
 }  // namespace tessel

@@ -1,52 +1,62 @@
 #include "hooks/library.h"
 
-#include "controller/host_lookup.h"
-#include "controller/shielded.h"
+#include <string>
+
 #include "controller/truncation.h"
+#include "hooks/settings_schema.h"
 
 namespace tessel {
 namespace {
-
-constexpr std::int64_t kCoalesce = 2;
-// Releases from this one need the web-view framework loaded by hand.
-constexpr double kWebKitLoadRelease = 1140.1;
-
-void registerLibraryClass(const std::string& name, const std::string& superclassName) {
-  auto cls = hostRef().runtime()->registerClass(name, classNamed(superclassName));
-  module().classes.remember(name, cls);
-}
-
+constexpr const char* kWebKitBundlePath = "/System/Library/Frameworks/WebKit.framework";
 }  // namespace
 
-std::unique_ptr<Module> loadLibrary(host::Host& host) {
-  auto loaded = std::make_unique<Module>(host);
-  shielded([] {
-    registerLibraryClass("TesselNotificationController", "NSObject");
-    registerLibraryClass("TesselGenericNotificationView", "UIView");
-  });
-  shielded(firstInitialiser);
-  shielded(secondInitialiser);
-  return loaded;
+std::unique_ptr<Library> Library::load(host::Host& host) {
+  auto library = std::make_unique<Library>(host);
+  host::shield([&] { library->firstInitialiser(); });
+  host::shield([&] { library->secondInitialiser(); });
+  return library;
 }
 
-void firstInitialiser() {
-  auto& state = shared();
+void Library::firstInitialiser() {
+  auto& state = context_.state;
   state.iconViews.clear();
   state.folders.clear();
   readSettings();
   // Switched off: inert until the host restarts, whatever the settings say later.
-  if (!module().enabledPreference) return;
+  if (!enabledPreference_) return;
   installHooks();
-  hostRef().darwinNotifyCenter()->addObserver(shieldedBlock(settingsChanged), kPreferencesChangedNotification,
-                                              kCoalesce);
-  if (hostRef().coreFoundationVersionNumber() >= kWebKitLoadRelease)
-    hostRef().bundleWithPath(kWebKitBundlePath)->load();
+  context_.host.darwinNotifyCenter()->addObserver([this] { settingsChanged(); },
+                                                  std::string(settings::kChangedNotification),
+                                                  host::platform::kSuspensionBehaviorCoalesce);
+  if (context_.host.coreFoundationVersionNumber() >= host::platform::kWebKitSeparateRelease)
+    context_.host.bundleWithPath(kWebKitBundlePath)->load();
 }
 
-void secondInitialiser() {
-  auto& state = shared();
-  state.verticalOffset = truncateToInt32(screenBounds().height / 7);
+void Library::secondInitialiser() {
+  auto& state = context_.state;
+  state.verticalOffset = truncateToInt32(context_.screenBounds().height / 7);
   state.originToStartFrom = 0;
+}
+
+TesselNotificationController& Library::sharedController() {
+  if (!controller_) {
+    auto made = TesselNotificationController::make(context_);
+    controller_ = made.controller;
+    controllerObject_ = made.object;
+  }
+  return *controller_;
+}
+
+host::Ref<host::Object> Library::sharedControllerObject() {
+  sharedController();
+  return controllerObject_;
+}
+
+void Library::registerAllApplications() {
+  auto& controller = sharedController();
+  for (const auto& application : context_.iconController()->allApplications()) {
+    controller.registerLongHoldNotificationWithBundleIdentifier(application->bundleIdentifier());
+  }
 }
 
 }  // namespace tessel

@@ -6,12 +6,15 @@
 #include <string_view>
 
 #include "host/application.h"
+#include "host/block.h"
 #include "host/bulletins.h"
 #include "host/gesture_recognizer.h"
 #include "host/icon_controller.h"
+#include "host/library_delegates.h"
 #include "host/main_queue.h"
 #include "host/notification_center.h"
 #include "host/path.h"
+#include "host/platform_constants.h"
 #include "host/runtime.h"
 #include "host/table_view.h"
 #include "host/value.h"
@@ -41,14 +44,18 @@ class Host {
   virtual Ref<Screen> mainScreen() { return {}; }
   virtual Ref<Animator> animator() { return {}; }
 
-  // Toolkit factories (the `alloc`/`init…` pairs and class constructors).
-  virtual Ref<View> makeView(const Rect& /*frame*/) { return {}; }
-  // A view of one of the library's own classes, driven by `delegate`, which
-  // the view keeps alive.
+  // The library's own objects: `new` of its controller class and
+  // `initWithFrame:` of its view class. The object keeps its delegate alive.
+  virtual Ref<Object> makeController(const Ref<Class>& /*cls*/, std::shared_ptr<ControllerDelegate> /*delegate*/) {
+    return {};
+  }
   virtual Ref<View> makeCustomView(const Ref<Class>& /*cls*/, const Rect& /*frame*/,
                                    std::shared_ptr<ViewDelegate> /*delegate*/) {
     return {};
   }
+
+  // Toolkit factories (the `alloc`/`init…` pairs and class constructors).
+  virtual Ref<View> makeView(const Rect& /*frame*/) { return {}; }
   virtual Ref<Button> buttonWithType(std::int64_t /*type*/) { return {}; }
   virtual Ref<ImageView> makeImageView(const Ref<Image>& /*image*/) { return {}; }
   virtual Ref<Label> makeLabel(const Rect& /*frame*/) { return {}; }
@@ -62,16 +69,17 @@ class Host {
   }
   virtual Ref<ShapeLayer> makeShapeLayer() { return {}; }
   virtual Ref<BezierPath> makeBezierPath() { return {}; }
-  virtual Ref<GestureRecognizer> makeSwipeGestureRecognizer(std::weak_ptr<ActionTarget> /*target*/,
-                                                            std::string_view /*action*/) {
+  // `initWithTarget:action:` of each recognizer class; the target is not kept alive.
+  virtual Ref<GestureRecognizer> makeSwipeGestureRecognizer(const Ref<Object>& /*target*/,
+                                                            const ControllerAction& /*action*/) {
     return {};
   }
-  virtual Ref<GestureRecognizer> makeTapGestureRecognizer(std::weak_ptr<ActionTarget> /*target*/,
-                                                          std::string_view /*action*/) {
+  virtual Ref<GestureRecognizer> makeTapGestureRecognizer(const Ref<Object>& /*target*/,
+                                                          const ControllerAction& /*action*/) {
     return {};
   }
-  virtual Ref<GestureRecognizer> makeLongPressGestureRecognizer(std::weak_ptr<ActionTarget> /*target*/,
-                                                                std::string_view /*action*/) {
+  virtual Ref<GestureRecognizer> makeLongPressGestureRecognizer(const Ref<Object>& /*target*/,
+                                                                const ControllerAction& /*action*/) {
     return {};
   }
   // `initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:` with no delegate.
@@ -87,5 +95,35 @@ class Host {
   }
   Ref<ImageContext> beginImageContext(const Size& size) { return beginImageContextWithOptions(size, false, 1.0); }
 };
+
+// The library delegates' entries, shielded once.
+inline void ControllerDelegate::handleIconHeldFromSender(const Ref<Object>& sender) noexcept {
+  shield([&] { iconHeld(cast<GestureRecognizer>(sender)); });
+}
+inline void ControllerDelegate::removeTesselViewsFromView(const Ref<Object>& sender) noexcept {
+  shield([&] { removeViews(cast<View>(sender)); });
+}
+inline void ControllerDelegate::keyboardWillShowOrHide(const Ref<Object>& sender) noexcept {
+  shield([&] { keyboardChanged(cast<Notification>(sender)); });
+}
+inline void ViewDelegate::layoutSubviews() noexcept {
+  shield([&] { layout(); });
+}
+inline std::int64_t ViewDelegate::tableViewNumberOfRowsInSection(const Ref<TableView>& table,
+                                                                 std::int64_t section) noexcept {
+  std::int64_t rows = 0;
+  shield([&] { rows = numberOfRows(table, section); });
+  return rows;
+}
+inline Ref<TableViewCell> ViewDelegate::tableViewCellForRowAtIndexPath(const Ref<TableView>& table,
+                                                                       const IndexPath& indexPath) noexcept {
+  Ref<TableViewCell> cell;
+  shield([&] { cell = cellForRow(table, indexPath); });
+  return cell;
+}
+inline void ViewDelegate::tableViewDidSelectRowAtIndexPath(const Ref<TableView>& table,
+                                                           const IndexPath& indexPath) noexcept {
+  shield([&] { didSelectRow(table, indexPath); });
+}
 
 }  // namespace tessel::host

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 
+#include "host/block.h"
 #include "host/object.h"
 
 namespace tessel::host {
@@ -11,9 +11,9 @@ namespace tessel::host {
 class MainQueue : public virtual Object {
  public:
   // `dispatch_async`.
-  virtual void async(std::function<void()> /*block*/) {}
+  virtual void async(Block /*block*/) {}
   // `dispatch_after` with `dispatch_time(DISPATCH_TIME_NOW, nanoseconds)`.
-  virtual void after(std::int64_t /*nanoseconds*/, std::function<void()> /*block*/) {}
+  virtual void after(std::int64_t /*nanoseconds*/, Block /*block*/) {}
 };
 
 // The toolkit's block animations (`UIView` class operations): the values set
@@ -21,10 +21,9 @@ class MainQueue : public virtual Object {
 // the default curve; `completion` receives whether the animation finished.
 class Animator : public virtual Object {
  public:
-  virtual void animateWithDuration(double /*duration*/, std::function<void()> animations,
-                                   std::function<void(bool)> completion = {}) {
-    if (animations) animations();
-    if (completion) completion(true);
+  virtual void animateWithDuration(double /*duration*/, Block animations, Completion completion = {}) {
+    animations();
+    completion(true);
   }
 };
 

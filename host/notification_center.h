@@ -5,7 +5,8 @@
 #include <memory>
 #include <string_view>
 
-#include "host/action_target.h"
+#include "host/block.h"
+#include "host/library_delegates.h"
 #include "host/string.h"
 #include "host/value.h"
 
@@ -19,13 +20,13 @@ class Notification : public virtual Object {
 };
 
 // `NSNotificationCenter` `defaultCenter`. Observers are not kept alive; a
-// posted notification reaches `performAction` with the observer's selector
-// and the notification as sender.
+// posted notification is sent to the observer as the action's message, with
+// the notification as sender. Observers are told apart by identity.
 class NotificationCenter : public virtual Object {
  public:
-  virtual void addObserverSelectorNameObject(std::weak_ptr<ActionTarget> /*observer*/, std::string_view /*selector*/,
+  virtual void addObserverSelectorNameObject(const Ref<Object>& /*observer*/, const ControllerAction& /*selector*/,
                                              const String& /*name*/, const Ref<Object>& /*object*/) {}
-  virtual void removeObserverNameObject(const ActionTarget* /*observer*/, const String& /*name*/,
+  virtual void removeObserverNameObject(const Ref<Object>& /*observer*/, const String& /*name*/,
                                         const Ref<Object>& /*object*/) {}
 };
 
@@ -33,8 +34,7 @@ class NotificationCenter : public virtual Object {
 class DarwinNotifyCenter : public virtual Object {
  public:
   // `CFNotificationCenterAddObserver` with no observer and no object.
-  virtual void addObserver(std::function<void()> /*callback*/, const String& /*name*/,
-                           std::int64_t /*suspensionBehavior*/) {}
+  virtual void addObserver(Block /*callback*/, const String& /*name*/, std::int64_t /*suspensionBehavior*/) {}
 };
 
 }  // namespace tessel::host

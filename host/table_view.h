@@ -26,26 +26,15 @@ class TableViewCell : public virtual View {
   virtual void setBackgroundView(const Ref<View>& /*view*/) {}
 };
 
-class TableView;
-
-// A table's data source and delegate, as one object (the library's panel).
-class TableDataSource {
- public:
-  virtual ~TableDataSource() = default;
-  virtual std::int64_t tableViewNumberOfRowsInSection(const Ref<TableView>& table, std::int64_t section) noexcept = 0;
-  virtual Ref<TableViewCell> tableViewCellForRowAtIndexPath(const Ref<TableView>& table,
-                                                            const IndexPath& indexPath) noexcept = 0;
-  virtual void tableViewDidSelectRowAtIndexPath(const Ref<TableView>& table, const IndexPath& indexPath) noexcept = 0;
-};
-
-// `UITableView`. It asks its data source for the rows that it shows; the
-// data source and delegate are not kept alive by the table.
+// `UITableView`. It asks its data source (a view of the library's, see
+// ViewDelegate) for the rows that it shows; the data source and delegate are
+// not kept alive by the table.
 class TableView : public virtual ScrollView {
  public:
   virtual void setBackgroundView(const Ref<View>& /*view*/) {}
   virtual void setRowHeight(double /*height*/) {}
-  virtual void setDelegate(std::weak_ptr<TableDataSource> /*delegate*/) {}
-  virtual void setDataSource(std::weak_ptr<TableDataSource> /*dataSource*/) {}
+  virtual void setDelegate(const Ref<Object>& /*delegate*/) {}
+  virtual void setDataSource(const Ref<Object>& /*dataSource*/) {}
   virtual void registerClassForCellReuseIdentifier(std::string_view /*className*/, const String& /*identifier*/) {}
 };
 

@@ -4,24 +4,17 @@
 #include <memory>
 #include <vector>
 
-#include "host/action_target.h"
 #include "host/color.h"
 #include "host/geometry.h"
 #include "host/image.h"
 #include "host/layer.h"
+#include "host/library_delegates.h"
 #include "host/object.h"
 #include "host/string.h"
 
 namespace tessel::host {
 
 class GestureRecognizer;
-
-// What a view of one of the library's own classes hands to the library.
-class ViewDelegate {
- public:
-  virtual ~ViewDelegate() = default;
-  virtual void layoutSubviews() noexcept = 0;
-};
 
 // `UIView`. A view is kept alive by its superview.
 class View : public virtual Object {
@@ -52,9 +45,6 @@ class View : public virtual Object {
   virtual bool isOpaque() const { return false; }
   virtual Ref<Layer> layer() const { return {}; }
   virtual void addGestureRecognizer(const Ref<GestureRecognizer>& /*recognizer*/) {}
-
-  // The library object behind a view of one of the library's own classes.
-  virtual std::shared_ptr<ViewDelegate> viewDelegate() const { return {}; }
 };
 
 // `UIImageView`.
@@ -67,7 +57,7 @@ class ImageView : public virtual View {
 class Button : public virtual View {
  public:
   // `addTarget:action:forControlEvents:`; the target is not kept alive.
-  virtual void addTargetActionForControlEvents(std::weak_ptr<ActionTarget> /*target*/, std::string_view /*action*/,
+  virtual void addTargetActionForControlEvents(const Ref<Object>& /*target*/, const ControllerAction& /*action*/,
                                                std::uint64_t /*events*/) {}
 };
 

@@ -52,8 +52,8 @@ host::Color averageColor(const host::Ref<host::Image>& image) {
 
 host::Color mergedColor(host::Host& host, const host::Ref<host::Image>& image) {
   auto context = host.beginImageContext({1.0, 1.0});
-  context->setInterpolationQuality(/* medium */ 4);
-  context->drawImage(image, {0, 0, 1, 1}, /* copy */ 17, 1.0);
+  context->setInterpolationQuality(host::platform::kInterpolationMedium);
+  context->drawImage(image, {0, 0, 1, 1}, host::platform::kBlendModeCopy, 1.0);
   const std::vector<std::uint8_t> pixel = context->bitmapData();
   // The context stores blue, green, red, alpha.
   const float red = static_cast<float>(byteAt(pixel, 2)) / 255.0f;

@@ -97,6 +97,13 @@ void declareHostClasses(SimRuntime& rt) {
   rt.define("SBLockScreenManager", "NSObject");
   rt.define("SBAppSwitcherController", "NSObject");
   rt.define("SBUIController", "NSObject");
+
+  // The library's own classes, as its binding makes them known at load.
+  rt.define("TesselNotificationController", "NSObject")
+      ->declareSelectors({"handleIconHeldFromSender:", "removeTesselViewsFromView:", "keyboardWillShowOrHide:"});
+  rt.define("TesselGenericNotificationView", "UIView")
+      ->declareSelectors({"tableView:numberOfRowsInSection:", "tableView:cellForRowAtIndexPath:",
+                          "tableView:didSelectRowAtIndexPath:"});
 }
 
 }  // namespace tessel::sim

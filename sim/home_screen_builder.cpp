@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/method_signatures.h"
+#include "host/hooked_methods.h"
 #include "sim/icon_art.h"
 #include "sim/png_loader.h"
 #include "sim/sim_host.h"
@@ -77,8 +77,7 @@ std::shared_ptr<SimApplication> HomeScreenBuilder::application(const std::string
 std::shared_ptr<SimFolder> HomeScreenBuilder::initialisedFolder(const std::string& className, std::uint64_t lists) {
   auto folder = host_.create<SimFolder>(className);
   // Initialised through the method table, so that a replacement sees every folder.
-  auto init = folder->simClass()->method<host::signature::FolderInitWithMaxListCountMaxIconCountInLists>(
-      "initWithMaxListCount:maxIconCountInLists:");
+  auto init = folder->simClass()->method(host::hooked::folderInitWithMaxListCountMaxIconCountInLists);
   if (init) init(host::Ref<host::Folder>(folder), lists, kIconsPerList);
   return folder;
 }
@@ -208,8 +207,7 @@ void HomeScreenBuilder::buildNotificationList() {
     return;
   }
   auto controller = host_.create<SimBulletinViewController>("SBBulletinViewController", home_.notifications_);
-  auto init = controller->simClass()->method<host::signature::BulletinViewControllerInitWithNibNameBundle>(
-      "initWithNibName:bundle:");
+  auto init = controller->simClass()->method(host::hooked::bulletinViewControllerInitWithNibNameBundle);
   if (init) init(host::Ref<host::BulletinViewController>(controller), host::String(), host::Ref<host::Object>());
   home_.bulletinViewController_ = controller;
 }

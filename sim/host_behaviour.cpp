@@ -1,18 +1,21 @@
 #include "sim/host_behaviour.h"
 
-#include "host/method_signatures.h"
+#include "host/hooked_methods.h"
 #include "sim/home_screen.h"
 #include "sim/sim_host.h"
 
 namespace tessel::sim {
 
-namespace sig = host::signature;
+namespace hooked = host::hooked;
 
 namespace {
 
+// The host's own implementation of a replaceable method, on `className`
+// (a class at or above the one the library replaces it on).
 template <class Signature>
-void define(SimHost& host, std::string_view className, std::string_view selector, std::function<Signature> fn) {
-  host.classNamed(className)->setMethod(selector, std::any(std::move(fn)));
+void define(SimHost& host, std::string_view className, const host::MethodHook<Signature>& hook,
+            typename host::MethodHook<Signature>::Implementation fn) {
+  host.classNamed(className)->setMethod(hook.selector, std::any(std::move(fn)));
 }
 
 // The icon's application comes to the front.
@@ -29,49 +32,44 @@ host::Ref<host::Object> object(const std::shared_ptr<T>& o) {
 
 void installOriginalMethods(SimHost& host) {
   SimHost* h = &host;
-  define<sig::IconViewLayoutSubviews>(host, "SBIconView", "layoutSubviews", [](const host::Ref<host::IconView>& self) {
+  define(host, "SBIconView", hooked::iconViewLayoutSubviews, [](const host::Ref<host::IconView>& self) {
     if (auto* view = dynamic_cast<SimIconView*>(self.get())) view->layoutPicture();
   });
-  define<sig::BulletinViewControllerInitWithNibNameBundle>(
-      host, "SBBulletinViewController", "initWithNibName:bundle:",
-      [](const host::Ref<host::BulletinViewController>& self, const host::String&, const host::Ref<host::Object>&) {
-        return self;
-      });
-  define<sig::FolderInitWithMaxListCountMaxIconCountInLists>(
-      host, "SBFolder", "initWithMaxListCount:maxIconCountInLists:",
-      [](const host::Ref<host::Folder>& self, std::uint64_t, std::uint64_t) { return self; });
-  define<sig::LockScreenManagerUnlockUIFromSourceWithOptions>(
-      host, "SBLockScreenManager", "unlockUIFromSource:withOptions:",
-      [h](const host::Ref<host::Object>&, std::int64_t, const host::Ref<host::Object>&) {
-        if (auto* home = h->homeScreen()) home->setLocked(false);
-      });
+  define(host, "SBBulletinViewController", hooked::bulletinViewControllerInitWithNibNameBundle,
+         [](const host::Ref<host::BulletinViewController>& self, const host::String&, const host::Ref<host::Object>&) {
+           return self;
+         });
+  define(host, "SBFolder", hooked::folderInitWithMaxListCountMaxIconCountInLists,
+         [](const host::Ref<host::Folder>& self, std::uint64_t, std::uint64_t) { return self; });
+  define(host, "SBLockScreenManager", hooked::lockScreenManagerUnlockUIFromSourceWithOptions,
+         [h](const host::Ref<host::Object>&, std::int64_t, const host::Ref<host::Object>&) {
+           if (auto* home = h->homeScreen()) home->setLocked(false);
+         });
   // Every kind of icon launches what it stands for; the application icon's
   // class inherits this one.
-  define<sig::ApplicationIconLaunchFromLocation>(
-      host, "SBIcon", "launchFromLocation:", [h](const host::Ref<host::Icon>& self, std::int64_t) {
-        if (auto* icon = dynamic_cast<SimIcon*>(self.get())) {
-          if (!icon->folder()) launch(*h, icon->displayIdentifier());
-        }
-      });
-  define<sig::AppSwitcherSwitcherScrollerItemTapped>(
-      host, "SBAppSwitcherController", "switcherScroller:itemTapped:",
-      [h](const host::Ref<host::Object>&, const host::Ref<host::Object>&, const host::Ref<host::Object>& item) {
-        if (auto* app = dynamic_cast<SimApplication*>(item.get())) launch(*h, app->identifier());
-      });
-  define<sig::AppSwitcherLaunchAppWithIdentifierUrlActions>(
-      host, "SBAppSwitcherController", "launchAppWithIdentifier:url:actions:",
-      [h](const host::Ref<host::Object>&, const host::String& identifier, const host::Ref<host::Object>&,
-          const host::Ref<host::Object>&) { launch(*h, identifier.value_or("")); });
+  define(host, "SBIcon", hooked::applicationIconLaunchFromLocation,
+         [h](const host::Ref<host::Icon>& self, std::int64_t) {
+           if (auto* icon = dynamic_cast<SimIcon*>(self.get())) {
+             if (!icon->folder()) launch(*h, icon->displayIdentifier());
+           }
+         });
+  define(host, "SBAppSwitcherController", hooked::appSwitcherSwitcherScrollerItemTapped,
+         [h](const host::Ref<host::Object>&, const host::Ref<host::Object>&, const host::Ref<host::Object>& item) {
+           if (auto* app = dynamic_cast<SimApplication*>(item.get())) launch(*h, app->identifier());
+         });
+  define(host, "SBAppSwitcherController", hooked::appSwitcherLaunchAppWithIdentifierUrlActions,
+         [h](const host::Ref<host::Object>&, const host::String& identifier, const host::Ref<host::Object>&,
+             const host::Ref<host::Object>&) { launch(*h, identifier.value_or("")); });
   auto handled = [](const host::Ref<host::Object>& self) {
     auto* controller = dynamic_cast<SimUIController*>(self.get());
     return controller && controller->handlesPress();
   };
-  define<sig::UIControllerClickedMenuButton>(host, "SBUIController", "clickedMenuButton", handled);
-  define<sig::UIControllerHandleMenuDoubleTap>(host, "SBUIController", "handleMenuDoubleTap", handled);
-  define<sig::UIControllerDeviceLockStateChanged>(host, "SBUIController", "_deviceLockStateChanged:",
-                                                  [h](const host::Ref<host::Object>&, const host::Ref<host::Object>&) {
-                                                    if (auto* home = h->homeScreen()) home->setLocked(true);
-                                                  });
+  define(host, "SBUIController", hooked::uiControllerClickedMenuButton, handled);
+  define(host, "SBUIController", hooked::uiControllerHandleMenuDoubleTap, handled);
+  define(host, "SBUIController", hooked::uiControllerDeviceLockStateChanged,
+         [h](const host::Ref<host::Object>&, const host::Ref<host::Object>&) {
+           if (auto* home = h->homeScreen()) home->setLocked(true);
+         });
 }
 
 void installClassOperations(SimHost& host) {

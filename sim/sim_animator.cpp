@@ -6,8 +6,7 @@
 
 namespace tessel::sim {
 
-void SimAnimator::animateWithDuration(double duration, std::function<void()> animations,
-                                      std::function<void(bool)> completion) {
+void SimAnimator::animateWithDuration(double duration, host::Block animations, host::Completion completion) {
   auto group = std::make_shared<AnimationGroup>();
   group->id = ++lastGroup_;
   group->start = clock_.now;

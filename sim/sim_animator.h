@@ -24,8 +24,7 @@ class SimAnimator : public host::Animator {
       : clock_(clock), queue_(queue), recorder_(recorder) {}
 
   // |host::Animator|
-  void animateWithDuration(double duration, std::function<void()> animations,
-                           std::function<void(bool)> completion = {}) override;
+  void animateWithDuration(double duration, host::Block animations, host::Completion completion = {}) override;
 
   // Called by views when a property changes; records it when inside a block.
   void frameChanged(SimView& view, const host::Rect& from, const host::Rect& to);

@@ -7,13 +7,14 @@ void SimButton::sendActions(std::uint64_t events) {
   auto actions = actions_;  // an action may add or remove pairs
   for (const auto& action : actions) {
     if (!(action.events & events)) continue;
-    if (auto target = action.target.lock()) target->performAction(action.selector, host::Ref<host::Object>(keep));
+    action.targetAction.send(host::Ref<host::Object>(keep));
   }
 }
 
 nlohmann::json SimButton::describeActions() const {
   auto list = nlohmann::json::array();
-  for (const auto& action : actions_) list.push_back({{"selector", action.selector}, {"events", action.events}});
+  for (const auto& action : actions_)
+    list.push_back({{"selector", std::string(action.targetAction.selector())}, {"events", action.events}});
   return list;
 }
 

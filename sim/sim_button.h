@@ -7,6 +7,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/platform_constants.h"
+#include "sim/library_objects.h"
 #include "sim/sim_view.h"
 
 namespace tessel::sim {
@@ -14,15 +16,15 @@ namespace tessel::sim {
 // `UIButton`: target-action pairs by control events; targets are not kept alive.
 class SimButton : public SimView, public virtual host::Button {
  public:
-  static constexpr std::uint64_t kTouchUpInside = 64;
+  static constexpr std::uint64_t kTouchUpInside = host::platform::kControlEventTouchUpInside;
 
   SimButton(SimHost& host, std::shared_ptr<SimClass> cls, std::int64_t type)
       : SimView(host, std::move(cls), {}), type_(type) {}
 
   // |host::Button|
-  void addTargetActionForControlEvents(std::weak_ptr<host::ActionTarget> target, std::string_view action,
+  void addTargetActionForControlEvents(const host::Ref<host::Object>& target, const host::ControllerAction& action,
                                        std::uint64_t events) override {
-    actions_.push_back({std::move(target), std::string(action), events});
+    actions_.push_back({TargetAction(target, action), events});
   }
 
   std::int64_t buttonType() const { return type_; }
@@ -32,8 +34,7 @@ class SimButton : public SimView, public virtual host::Button {
 
  private:
   struct Action {
-    std::weak_ptr<host::ActionTarget> target;
-    std::string selector;
+    TargetAction targetAction;
     std::uint64_t events;
   };
   std::int64_t type_;

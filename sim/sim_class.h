@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/runtime.h"
+#include "host/method_hook.h"
 
 namespace tessel::sim {
 
@@ -55,10 +55,10 @@ class SimClass : public host::Class, public std::enable_shared_from_this<SimClas
   // The typed implementation for a selector, empty when there is none or its
   // slot holds another signature.
   template <class Signature>
-  std::function<Signature> method(std::string_view selector) const {
-    const std::any* found = findMethod(selector);
+  typename host::MethodHook<Signature>::Implementation method(const host::MethodHook<Signature>& hook) const {
+    const std::any* found = findMethod(hook.selector);
     if (!found) return {};
-    if (const auto* fn = std::any_cast<std::function<Signature>>(found)) return *fn;
+    if (const auto* fn = std::any_cast<typename host::MethodHook<Signature>::Implementation>(found)) return *fn;
     return {};
   }
 

@@ -7,15 +7,14 @@
 namespace tessel::sim {
 
 // A view of one of the library's own classes: the library object behind it
-// (kept alive by the view) does its layout.
+// (kept alive by the view) does its layout and answers its table.
 class SimCustomView : public SimView {
  public:
   SimCustomView(SimHost& host, std::shared_ptr<SimClass> cls, const host::Rect& frame,
                 std::shared_ptr<host::ViewDelegate> delegate)
       : SimView(host, std::move(cls), frame), delegate_(std::move(delegate)) {}
 
-  // |host::View|
-  std::shared_ptr<host::ViewDelegate> viewDelegate() const override { return delegate_; }
+  const std::shared_ptr<host::ViewDelegate>& delegate() const { return delegate_; }
 
   void layoutSubviewsNow() override {
     if (auto delegate = delegate_) delegate->layoutSubviews();

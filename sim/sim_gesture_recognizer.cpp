@@ -5,18 +5,15 @@
 namespace tessel::sim {
 
 SimGestureRecognizer::SimGestureRecognizer(SimHost& host, std::shared_ptr<SimClass> cls, Kind kind,
-                                           std::weak_ptr<host::ActionTarget> target, std::string action)
+                                           TargetAction targetAction)
     : SimObject(host, std::move(cls)),
       kind_(kind),
-      target_(std::move(target)),
-      action_(std::move(action)),
+      targetAction_(std::move(targetAction)),
       taps_(kind == Kind::longPress ? 0 : 1) {}
 
 host::Ref<host::View> SimGestureRecognizer::view() const { return host::Ref<host::View>(view_.lock()); }
 
-void SimGestureRecognizer::sendAction() {
-  if (auto target = target_.lock()) target->performAction(action_, host::Ref<host::Object>(self<SimObject>()));
-}
+void SimGestureRecognizer::sendAction() { targetAction_.send(host::Ref<host::Object>(self<SimObject>())); }
 
 nlohmann::json SimGestureRecognizer::describe() const {
   switch (kind_) {

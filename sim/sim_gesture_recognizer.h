@@ -6,8 +6,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/action_target.h"
 #include "host/gesture_recognizer.h"
+#include "host/platform_constants.h"
+#include "sim/library_objects.h"
 #include "sim/sim_object.h"
 
 namespace tessel::sim {
@@ -20,10 +21,9 @@ class SimView;
 class SimGestureRecognizer : public SimObject, public virtual host::GestureRecognizer {
  public:
   enum class Kind { swipe, tap, longPress };
-  static constexpr std::uint64_t kSwipeRight = 1;
+  static constexpr std::uint64_t kSwipeRight = host::platform::kSwipeDirectionRight;
 
-  SimGestureRecognizer(SimHost& host, std::shared_ptr<SimClass> cls, Kind kind,
-                       std::weak_ptr<host::ActionTarget> target, std::string action);
+  SimGestureRecognizer(SimHost& host, std::shared_ptr<SimClass> cls, Kind kind, TargetAction targetAction);
 
   // |host::GestureRecognizer|
   host::Ref<host::View> view() const override;
@@ -42,8 +42,7 @@ class SimGestureRecognizer : public SimObject, public virtual host::GestureRecog
 
  private:
   Kind kind_;
-  std::weak_ptr<host::ActionTarget> target_;
-  std::string action_;
+  TargetAction targetAction_;
   std::uint64_t direction_ = kSwipeRight;
   std::uint64_t taps_;
   std::uint64_t touches_ = 1;

@@ -3,6 +3,7 @@
 #include "sim/home_screen.h"
 #include "sim/home_screen_builder.h"
 #include "sim/host_behaviour.h"
+#include "sim/library_objects.h"
 #include "sim/property_list.h"
 #include "sim/sim_alert_view.h"
 #include "sim/sim_animator.h"
@@ -109,6 +110,13 @@ host::Ref<host::View> SimHost::makeView(const host::Rect& frame) {
   return host::Ref<host::View>(create<SimView>("UIView", frame));
 }
 
+host::Ref<host::Object> SimHost::makeController(const host::Ref<host::Class>& cls,
+                                                std::shared_ptr<host::ControllerDelegate> delegate) {
+  auto simClass = std::dynamic_pointer_cast<SimClass>(cls.shared());
+  if (!simClass) simClass = classNamed("NSObject");
+  return host::Ref<host::Object>(create<SimControllerObject>(simClass, std::move(delegate)));
+}
+
 host::Ref<host::View> SimHost::makeCustomView(const host::Ref<host::Class>& cls, const host::Rect& frame,
                                               std::shared_ptr<host::ViewDelegate> delegate) {
   auto simClass = std::dynamic_pointer_cast<SimClass>(cls.shared());
@@ -158,22 +166,22 @@ host::Ref<host::BezierPath> SimHost::makeBezierPath() {
   return host::Ref<host::BezierPath>(std::make_shared<SimBezierPath>());
 }
 
-host::Ref<host::GestureRecognizer> SimHost::makeSwipeGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                                       std::string_view action) {
+host::Ref<host::GestureRecognizer> SimHost::makeSwipeGestureRecognizer(const host::Ref<host::Object>& target,
+                                                                       const host::ControllerAction& action) {
   return host::Ref<host::GestureRecognizer>(create<SimGestureRecognizer>(
-      "UISwipeGestureRecognizer", SimGestureRecognizer::Kind::swipe, std::move(target), std::string(action)));
+      "UISwipeGestureRecognizer", SimGestureRecognizer::Kind::swipe, TargetAction(target, action)));
 }
 
-host::Ref<host::GestureRecognizer> SimHost::makeTapGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                                     std::string_view action) {
+host::Ref<host::GestureRecognizer> SimHost::makeTapGestureRecognizer(const host::Ref<host::Object>& target,
+                                                                     const host::ControllerAction& action) {
   return host::Ref<host::GestureRecognizer>(create<SimGestureRecognizer>(
-      "UITapGestureRecognizer", SimGestureRecognizer::Kind::tap, std::move(target), std::string(action)));
+      "UITapGestureRecognizer", SimGestureRecognizer::Kind::tap, TargetAction(target, action)));
 }
 
-host::Ref<host::GestureRecognizer> SimHost::makeLongPressGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                                           std::string_view action) {
+host::Ref<host::GestureRecognizer> SimHost::makeLongPressGestureRecognizer(const host::Ref<host::Object>& target,
+                                                                           const host::ControllerAction& action) {
   return host::Ref<host::GestureRecognizer>(create<SimGestureRecognizer>(
-      "UILongPressGestureRecognizer", SimGestureRecognizer::Kind::longPress, std::move(target), std::string(action)));
+      "UILongPressGestureRecognizer", SimGestureRecognizer::Kind::longPress, TargetAction(target, action)));
 }
 
 host::Ref<host::AlertView> SimHost::makeAlertView(const host::String& title, const host::String& message,

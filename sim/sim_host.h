@@ -51,6 +51,8 @@ class SimHost : public host::Host {
   host::Ref<host::Animator> animator() override;
   // |host::Host| toolkit factories
   host::Ref<host::View> makeView(const host::Rect& frame) override;
+  host::Ref<host::Object> makeController(const host::Ref<host::Class>& cls,
+                                         std::shared_ptr<host::ControllerDelegate> delegate) override;
   host::Ref<host::View> makeCustomView(const host::Ref<host::Class>& cls, const host::Rect& frame,
                                        std::shared_ptr<host::ViewDelegate> delegate) override;
   host::Ref<host::Button> buttonWithType(std::int64_t type) override;
@@ -64,12 +66,12 @@ class SimHost : public host::Host {
                                                  const host::Ref<host::BackdropSettings>& settings) override;
   host::Ref<host::ShapeLayer> makeShapeLayer() override;
   host::Ref<host::BezierPath> makeBezierPath() override;
-  host::Ref<host::GestureRecognizer> makeSwipeGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                                std::string_view action) override;
-  host::Ref<host::GestureRecognizer> makeTapGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                              std::string_view action) override;
-  host::Ref<host::GestureRecognizer> makeLongPressGestureRecognizer(std::weak_ptr<host::ActionTarget> target,
-                                                                    std::string_view action) override;
+  host::Ref<host::GestureRecognizer> makeSwipeGestureRecognizer(const host::Ref<host::Object>& target,
+                                                                const host::ControllerAction& action) override;
+  host::Ref<host::GestureRecognizer> makeTapGestureRecognizer(const host::Ref<host::Object>& target,
+                                                              const host::ControllerAction& action) override;
+  host::Ref<host::GestureRecognizer> makeLongPressGestureRecognizer(const host::Ref<host::Object>& target,
+                                                                    const host::ControllerAction& action) override;
   host::Ref<host::AlertView> makeAlertView(const host::String& title, const host::String& message,
                                            const host::String& cancelButtonTitle) override;
   host::Ref<host::ImageContext> beginImageContextWithOptions(const host::Size& size, bool opaque,

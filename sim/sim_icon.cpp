@@ -1,6 +1,6 @@
 #include "sim/sim_icon.h"
 
-#include "host/method_signatures.h"
+#include "host/hooked_methods.h"
 #include "sim/home_screen.h"
 #include "sim/sim_class.h"
 #include "sim/sim_host.h"
@@ -27,7 +27,7 @@ host::Ref<host::Icon> SimIcon::initWithApplication(const host::Ref<host::Applica
 }
 
 void SimIcon::launchFromLocation(std::int64_t location) {
-  auto launch = simClass()->method<host::signature::ApplicationIconLaunchFromLocation>("launchFromLocation:");
+  auto launch = simClass()->method(host::hooked::applicationIconLaunchFromLocation);
   if (launch) launch(host::Ref<host::Icon>(self<SimIcon>()), location);
 }
 

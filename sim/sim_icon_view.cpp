@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/method_signatures.h"
+#include "host/hooked_methods.h"
 #include "sim/sim_host.h"
 
 namespace tessel::sim {
@@ -33,7 +33,7 @@ host::Ref<host::Object> SimIconView::instanceVariable(std::string_view name) con
 }
 
 void SimIconView::layoutSubviewsNow() {
-  auto layout = simClass()->method<host::signature::IconViewLayoutSubviews>("layoutSubviews");
+  auto layout = simClass()->method(host::hooked::iconViewLayoutSubviews);
   if (layout) layout(host::Ref<host::IconView>(self<SimIconView>()));
 }
 

@@ -6,12 +6,12 @@
 
 namespace tessel::sim {
 
-void SimMainQueue::async(std::function<void()> block) {
+void SimMainQueue::async(host::Block block) {
   recorder_.dispatch("async", clock_.now);
   schedule(clock_.now, std::move(block));
 }
 
-void SimMainQueue::after(std::int64_t nanoseconds, std::function<void()> block) {
+void SimMainQueue::after(std::int64_t nanoseconds, host::Block block) {
   double due = clock_.now + static_cast<double>(std::max<std::int64_t>(nanoseconds, 0)) * 1e-9;
   recorder_.dispatch("after", due);
   schedule(due, std::move(block));

@@ -19,8 +19,8 @@ class SimMainQueue : public host::MainQueue {
   SimMainQueue(VirtualClock& clock, Recorder& recorder) : clock_(clock), recorder_(recorder) {}
 
   // |host::MainQueue|
-  void async(std::function<void()> block) override;
-  void after(std::int64_t nanoseconds, std::function<void()> block) override;
+  void async(host::Block block) override;
+  void after(std::int64_t nanoseconds, host::Block block) override;
 
   // The host's own timers (completions, gesture phases): not traced.
   void schedule(double time, std::function<void()> block);

@@ -4,18 +4,19 @@
 
 namespace tessel::sim {
 
-void SimNotificationCenter::addObserverSelectorNameObject(std::weak_ptr<host::ActionTarget> observer,
-                                                          std::string_view selector, const host::String& name,
+void SimNotificationCenter::addObserverSelectorNameObject(const host::Ref<host::Object>& observer,
+                                                          const host::ControllerAction& selector,
+                                                          const host::String& name,
                                                           const host::Ref<host::Object>& object) {
-  auto target = observer.lock();
-  if (!target) return;
-  observers_.push_back({std::move(observer), target.get(), std::string(selector), name, object});
+  if (!observer) return;
+  observers_.push_back({TargetAction(observer, selector), name, object});
 }
 
-void SimNotificationCenter::removeObserverNameObject(const host::ActionTarget* observer, const host::String& name,
+void SimNotificationCenter::removeObserverNameObject(const host::Ref<host::Object>& observer, const host::String& name,
                                                      const host::Ref<host::Object>& object) {
+  if (!observer) return;
   std::erase_if(observers_, [&](const Observer& o) {
-    return o.identity == observer && (!name || o.name == name) && (!object || o.object == object);
+    return o.targetAction.targets(observer) && (!name || o.name == name) && (!object || o.object == object);
   });
 }
 
@@ -25,22 +26,22 @@ void SimNotificationCenter::post(const std::string& name, host::Ref<host::Dictio
   for (const auto& o : observers) {
     if (o.name && *o.name != name) continue;
     bool stillRegistered = std::any_of(observers_.begin(), observers_.end(), [&](const Observer& current) {
-      return current.identity == o.identity && current.selector == o.selector && current.name == o.name;
+      return current.targetAction.sameAs(o.targetAction) && current.name == o.name;
     });
     if (!stillRegistered) continue;
-    if (auto target = o.target.lock()) target->performAction(o.selector, notification);
+    o.targetAction.send(notification);
   }
 }
 
 std::vector<std::string> SimNotificationCenter::observedNames() const {
   std::vector<std::string> names;
   for (const auto& o : observers_) {
-    if (!o.target.expired()) names.push_back(o.name.value_or("*"));
+    if (o.targetAction.targetAlive()) names.push_back(o.name.value_or("*"));
   }
   return names;
 }
 
-void SimDarwinNotifyCenter::addObserver(std::function<void()> callback, const host::String& name, std::int64_t) {
+void SimDarwinNotifyCenter::addObserver(host::Block callback, const host::String& name, std::int64_t) {
   if (!callback || !name) return;
   observers_.push_back({std::move(callback), *name});
 }

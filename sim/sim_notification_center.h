@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/notification_center.h"
+#include "sim/library_objects.h"
 
 namespace tessel::sim {
 
@@ -29,9 +30,9 @@ class SimNotification : public host::Notification {
 class SimNotificationCenter : public host::NotificationCenter {
  public:
   // |host::NotificationCenter|
-  void addObserverSelectorNameObject(std::weak_ptr<host::ActionTarget> observer, std::string_view selector,
+  void addObserverSelectorNameObject(const host::Ref<host::Object>& observer, const host::ControllerAction& selector,
                                      const host::String& name, const host::Ref<host::Object>& object) override;
-  void removeObserverNameObject(const host::ActionTarget* observer, const host::String& name,
+  void removeObserverNameObject(const host::Ref<host::Object>& observer, const host::String& name,
                                 const host::Ref<host::Object>& object) override;
 
   // Delivers a notification to every live observer of its name (or of all names).
@@ -41,9 +42,7 @@ class SimNotificationCenter : public host::NotificationCenter {
 
  private:
   struct Observer {
-    std::weak_ptr<host::ActionTarget> target;
-    const host::ActionTarget* identity;
-    std::string selector;
+    TargetAction targetAction;
     host::String name;
     host::Ref<host::Object> object;
   };
@@ -54,14 +53,14 @@ class SimNotificationCenter : public host::NotificationCenter {
 class SimDarwinNotifyCenter : public host::DarwinNotifyCenter {
  public:
   // |host::DarwinNotifyCenter|
-  void addObserver(std::function<void()> callback, const host::String& name, std::int64_t suspensionBehavior) override;
+  void addObserver(host::Block callback, const host::String& name, std::int64_t suspensionBehavior) override;
 
   void post(const std::string& name);
   std::vector<std::string> observedNames() const;
 
  private:
   struct Observer {
-    std::function<void()> callback;
+    host::Block callback;
     std::string name;
   };
   std::vector<Observer> observers_;

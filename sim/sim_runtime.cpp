@@ -10,19 +10,11 @@ SimRuntime::SimRuntime(Recorder& recorder) : recorder_(recorder) { declareHostCl
 
 host::Ref<host::Class> SimRuntime::getClass(std::string_view name) { return host::Ref<host::Class>(find(name)); }
 
-host::Ref<host::Class> SimRuntime::registerClass(std::string_view name, const host::Ref<host::Class>& superclass) {
-  if (auto existing = find(name)) return host::Ref<host::Class>(existing);
-  auto parent = std::dynamic_pointer_cast<SimClass>(superclass.shared());
-  auto cls = std::make_shared<SimClass>(std::string(name), parent);
-  classes_.emplace(std::string(name), cls);
-  return host::Ref<host::Class>(cls);
-}
-
-std::any SimRuntime::hookMessage(const host::Ref<host::Class>& cls, std::string_view selector, std::any replacement) {
+std::any SimRuntime::replace(const host::Ref<host::Class>& cls, const host::MethodName& method, std::any replacement) {
   auto* target = dynamic_cast<SimClass*>(cls.get());
   if (!target) return {};
-  recorder_.hookInstalled(target->name(), selector);
-  return target->replaceMethod(selector, std::move(replacement));
+  recorder_.hookInstalled(target->name(), method.selector);
+  return target->replaceMethod(method.selector, std::move(replacement));
 }
 
 host::Ref<host::Object> SimRuntime::instanceVariable(const host::Ref<host::Object>& object, std::string_view name) {

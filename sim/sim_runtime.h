@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/runtime.h"
+#include "host/method_hook.h"
 #include "sim/sim_class.h"
 
 namespace tessel::sim {
@@ -20,8 +20,7 @@ class SimRuntime : public host::Runtime {
 
   // |host::Runtime|
   host::Ref<host::Class> getClass(std::string_view name) override;
-  host::Ref<host::Class> registerClass(std::string_view name, const host::Ref<host::Class>& superclass) override;
-  std::any hookMessage(const host::Ref<host::Class>& cls, std::string_view selector, std::any replacement) override;
+  std::any replace(const host::Ref<host::Class>& cls, const host::MethodName& method, std::any replacement) override;
   host::Ref<host::Object> instanceVariable(const host::Ref<host::Object>& object, std::string_view name) override;
 
   // The class of that name, or nothing.

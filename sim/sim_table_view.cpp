@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "host/host.h"
 #include "sim/layout_pass.h"
+#include "sim/library_objects.h"
 #include "sim/sim_host.h"
 #include "sim/sim_table_view_cell.h"
 
@@ -26,7 +28,8 @@ void SimTableView::loadRows() {
   for (const auto& cell : cells_) cell->removeFromSuperview();
   cells_.clear();
   loaded_ = true;
-  auto source = dataSource_.lock();
+  auto sourceObject = dataSource_.lock();  // keeps the library's object alive while it answers
+  auto* source = viewDelegateOf(sourceObject);
   if (!source) {
     rows_ = 0;
     return;
@@ -46,7 +49,8 @@ void SimTableView::loadRows() {
 
 void SimTableView::selectRow(std::int64_t row) {
   auto keep = self<SimTableView>();
-  if (auto delegate = delegate_.lock()) {
+  auto delegateObject = delegate_.lock();
+  if (auto* delegate = viewDelegateOf(delegateObject)) {
     delegate->tableViewDidSelectRowAtIndexPath(host::Ref<host::TableView>(keep),
                                                host::IndexPath::forRowInSection(row, 0));
   }

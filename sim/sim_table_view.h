@@ -26,8 +26,8 @@ class SimTableView : public SimScrollView, public virtual host::TableView {
   // |host::TableView|
   void setBackgroundView(const host::Ref<host::View>& view) override;
   void setRowHeight(double height) override { rowHeight_ = height; }
-  void setDelegate(std::weak_ptr<host::TableDataSource> delegate) override { delegate_ = std::move(delegate); }
-  void setDataSource(std::weak_ptr<host::TableDataSource> dataSource) override { dataSource_ = std::move(dataSource); }
+  void setDelegate(const host::Ref<host::Object>& delegate) override { delegate_ = delegate; }
+  void setDataSource(const host::Ref<host::Object>& dataSource) override { dataSource_ = dataSource; }
   void registerClassForCellReuseIdentifier(std::string_view className, const host::String& identifier) override;
 
   // Asks the data source for its rows and the visible cells afresh.
@@ -43,15 +43,15 @@ class SimTableView : public SimScrollView, public virtual host::TableView {
   bool rowsLoaded() const { return loaded_; }
   const std::vector<std::shared_ptr<SimTableViewCell>>& cells() const { return cells_; }
   std::shared_ptr<SimView> backgroundView() const { return backgroundView_.lock(); }
-  bool hasDataSource() const { return !dataSource_.expired(); }
+  bool hasDataSource() const { return static_cast<bool>(dataSource_); }
 
   void layoutSubviewsNow() override;
 
  private:
   std::int64_t style_;
   double rowHeight_ = kDefaultRowHeight;
-  std::weak_ptr<host::TableDataSource> delegate_;
-  std::weak_ptr<host::TableDataSource> dataSource_;
+  host::Weak<host::Object> delegate_;
+  host::Weak<host::Object> dataSource_;
   std::weak_ptr<SimView> backgroundView_;
   std::vector<std::pair<std::string, host::String>> registeredCells_;
   std::int64_t rows_ = 0;

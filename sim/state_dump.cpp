@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-#include "controller/module.h"
 #include "controller/tessel_notification_controller.h"
+#include "hooks/library.h"
 #include "sim/home_screen.h"
 #include "sim/json_values.h"
 #include "sim/sim_animator.h"
@@ -63,7 +63,7 @@ json describeShared(const SharedState& s) {
           {"realKeyboardDisplacement", s.realKeyboardDisplacement}};
 }
 
-json describeController(TesselNotificationController* c) {
+json describeController(const TesselNotificationController* c) {
   if (!c) return nullptr;
   return {{"isLightMode", c->isLightMode()},
           {"iconsToMoveUp", refs(c->iconsToMoveUp())},
@@ -113,7 +113,7 @@ json describePanel(const TesselNotificationController* controller) {
   // A panel swept from the window is no longer shown, though the controller may still name it.
   const auto* shown = simView(controller->genericView());
   if (!shown || !shown->isInWindow()) return nullptr;
-  auto panel = TesselGenericNotificationView::of(controller->genericView());
+  auto panel = controller->panel();
   if (!panel) return nullptr;
   auto text = [](const host::String& s) { return s ? json(*s) : json(nullptr); };
   json cells = json::array();
@@ -157,15 +157,15 @@ json describeHome(const HomeScreen* home) {
 
 }  // namespace
 
-json stateDump(SimHost& host, const Module* module) {
+json stateDump(SimHost& host, const Library* library) {
   const auto& config = host.config();
   // The controller is made on first use, so there may be none yet.
-  TesselNotificationController* controller = module ? module->controller.get() : nullptr;
+  const TesselNotificationController* controller = library ? library->controller() : nullptr;
 
   ViewCollector views;
   views.tree(*host.window());
-  if (module) {
-    const auto& s = module->shared;
+  if (library) {
+    const auto& s = library->shared();
     views.named(s.globalViewSender.lock());
     views.named(s.iconView.lock());
     views.named(s.arrowView.lock());
@@ -189,7 +189,7 @@ json stateDump(SimHost& host, const Module* module) {
   return {
       {"time", host.time()},
       {"screen", {{"width", config.screen.width}, {"height", config.screen.height}, {"scale", config.screen.scale}}},
-      {"shared", module ? describeShared(module->shared) : json(nullptr)},
+      {"shared", library ? describeShared(library->shared()) : json(nullptr)},
       {"controller", describeController(controller)},
       {"window", host.window()->id()},
       {"views", views.result()},

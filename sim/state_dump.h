@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 namespace tessel {
-struct Module;
+class Library;
 }
 
 namespace tessel::sim {
@@ -13,6 +13,6 @@ class SimHost;
 // The state dump of the public scenario contract: the library's shared
 // state and controller, the views of the key window (and those the library
 // still names), the panel, the animations and what the host recorded.
-nlohmann::json stateDump(SimHost& host, const Module* module);
+nlohmann::json stateDump(SimHost& host, const Library* library);
 
 }  // namespace tessel::sim

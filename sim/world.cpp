@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "controller/module.h"
 #include "hooks/library.h"
-#include "host/method_signatures.h"
+#include "hooks/settings_schema.h"
+#include "host/hooked_methods.h"
 #include "sim/home_screen.h"
 #include "sim/json_values.h"
 #include "sim/property_list.h"
@@ -19,7 +19,7 @@
 namespace tessel::sim {
 
 namespace fs = std::filesystem;
-namespace sig = host::signature;
+
 using nlohmann::json;
 
 namespace {
@@ -41,17 +41,17 @@ struct World::State {
   std::string scratchRoot;
   // The library goes before the host that it lives in.
   std::unique_ptr<SimHost> host;
-  std::unique_ptr<Module> module;
+  std::unique_ptr<Library> library;
 
   ~State() {
-    module.reset();
+    library.reset();
     host.reset();
     std::error_code ignored;
     if (!scratchRoot.empty()) fs::remove_all(scratchRoot, ignored);
   }
 
   HomeScreen& home() { return *host->homeScreen(); }
-  std::string settingsPath() const { return host->localPath(kSettingsPath); }
+  std::string settingsPath() const { return host->localPath(std::string(settings::kPath)); }
 
   // Runs one event as a turn of the main queue, traced with its fields.
   template <class F>
@@ -82,7 +82,7 @@ World::World(const WorldConfig& config) : state_(std::make_unique<State>()) {
   }
 
   // The library is loaded first, so that its replacements see the home screen being made.
-  s.host->runTurn([&] { s.module = tessel::loadLibrary(*s.host); });
+  s.host->runTurn([&] { s.library = tessel::Library::load(*s.host); });
   s.host->runTurn([&] { s.host->buildHomeScreen(); });
 }
 
@@ -91,7 +91,8 @@ World::~World() = default;
 SimHost& World::host() { return *state_->host; }
 const SimHost& World::host() const { return *state_->host; }
 const WorldConfig& World::config() const { return state_->config; }
-const Module* World::module() const { return state_->module.get(); }
+const Library* World::library() const { return state_->library.get(); }
+Library* World::library() { return state_->library.get(); }
 double World::time() const { return state_->host->time(); }
 void World::advanceTo(double t) { state_->host->advanceTo(t); }
 
@@ -99,8 +100,7 @@ void World::unlock() {
   auto& s = *state_;
   s.event("unlock", {}, [&] {
     auto manager = s.home().lockScreenManager();
-    auto unlock = manager->simClass()->method<sig::LockScreenManagerUnlockUIFromSourceWithOptions>(
-        "unlockUIFromSource:withOptions:");
+    auto unlock = manager->simClass()->method(host::hooked::lockScreenManagerUnlockUIFromSourceWithOptions);
     if (unlock) unlock(host::Ref<host::Object>(manager), kUnlockSource, {});
   });
 }
@@ -109,7 +109,7 @@ void World::lock() {
   auto& s = *state_;
   s.event("lock", {}, [&] {
     auto controller = s.home().uiController();
-    auto changed = controller->simClass()->method<sig::UIControllerDeviceLockStateChanged>("_deviceLockStateChanged:");
+    auto changed = controller->simClass()->method(host::hooked::uiControllerDeviceLockStateChanged);
     if (changed) changed(host::Ref<host::Object>(controller), {});
   });
 }
@@ -156,7 +156,7 @@ void World::home(bool handled) {
   s.event("home", {{"handled", handled}}, [&] {
     auto controller = s.home().uiController();
     controller->setHandlesPress(handled);
-    auto press = controller->simClass()->method<sig::UIControllerClickedMenuButton>("clickedMenuButton");
+    auto press = controller->simClass()->method(host::hooked::uiControllerClickedMenuButton);
     if (press) press(host::Ref<host::Object>(controller));
   });
 }
@@ -166,7 +166,7 @@ void World::doubleHome(bool handled) {
   s.event("doubleHome", {{"handled", handled}}, [&] {
     auto controller = s.home().uiController();
     controller->setHandlesPress(handled);
-    auto press = controller->simClass()->method<sig::UIControllerHandleMenuDoubleTap>("handleMenuDoubleTap");
+    auto press = controller->simClass()->method(host::hooked::uiControllerHandleMenuDoubleTap);
     if (press) press(host::Ref<host::Object>(controller));
   });
 }
@@ -177,8 +177,7 @@ bool World::switcherTap(const std::string& bundleIdentifier) {
   if (!application) return false;
   s.event("switcherTap", {{"icon", bundleIdentifier}}, [&] {
     auto switcher = s.home().appSwitcher();
-    auto tapped =
-        switcher->simClass()->method<sig::AppSwitcherSwitcherScrollerItemTapped>("switcherScroller:itemTapped:");
+    auto tapped = switcher->simClass()->method(host::hooked::appSwitcherSwitcherScrollerItemTapped);
     if (tapped) tapped(host::Ref<host::Object>(switcher), {}, host::Ref<host::Object>(application));
   });
   return true;
@@ -189,8 +188,7 @@ bool World::switcherLaunch(const std::string& bundleIdentifier) {
   if (!s.home().applicationFor(bundleIdentifier)) return false;
   s.event("switcherLaunch", {{"icon", bundleIdentifier}}, [&] {
     auto switcher = s.home().appSwitcher();
-    auto launch = switcher->simClass()->method<sig::AppSwitcherLaunchAppWithIdentifierUrlActions>(
-        "launchAppWithIdentifier:url:actions:");
+    auto launch = switcher->simClass()->method(host::hooked::appSwitcherLaunchAppWithIdentifierUrlActions);
     if (launch) launch(host::Ref<host::Object>(switcher), bundleIdentifier, {}, {});
   });
   return true;
@@ -258,11 +256,11 @@ void World::settings(const WorldConfig::Settings& settings) {
       {{"enabled", settings.enabled}, {"darkMode", settings.darkMode}, {"activationMethod", settings.activationMethod}},
       [&] {
         writeSettingsFile(s.settingsPath(), settings);
-        s.host->darwinCenter().post(kPreferencesChangedNotification);
+        s.host->darwinCenter().post(std::string(settings::kChangedNotification));
       });
 }
 
-json World::dump() const { return stateDump(*state_->host, state_->module.get()); }
+json World::dump() const { return stateDump(*state_->host, state_->library.get()); }
 
 const std::vector<json>& World::trace() const { return state_->host->recorder().trace(); }
 

@@ -11,7 +11,7 @@
 #include "sim/world_config.h"
 
 namespace tessel {
-struct Module;
+class Library;
 }
 
 namespace tessel::sim {
@@ -32,7 +32,8 @@ class World {
   const SimHost& host() const;
   const WorldConfig& config() const;
   // The loaded library.
-  const Module* module() const;
+  const Library* library() const;
+  Library* library();
   double time() const;
   // Runs every block, timer and animation completion due up to `t`, in time
   // order, then sets the clock to `t`.

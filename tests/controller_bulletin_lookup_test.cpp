@@ -15,7 +15,7 @@ TEST(BulletinLookup, FindsTheSectionByExactIdentifierOnBothGenerations) {
     config.coreFoundationVersion = version;
     config.notifications = {{kMaps, {}}, {kNotes, {}}, {kMail, {{"Ana", "Lunch?", 1}, {"Ben", "Call me", 2}}}};
     Phone phone(config);
-    auto controller = TesselNotificationController::sharedController();
+    auto* controller = &phone.library().sharedController();
 
     auto mail = controller->bulletinsForBundleIdentifier(kMail);
     ASSERT_TRUE(mail);

@@ -38,7 +38,7 @@ TEST(Closing, EveryWayOutLeavesNoPanelViewsAndFullOpacity) {
       {"switcher launch", [](Phone& p) { ASSERT_TRUE(p->switcherLaunch(kMaps)); }},
       {"lock", [](Phone& p) { p->lock(); }},
       {"unlock", [](Phone& p) { p->unlock(); }},
-      {"dismissTessel", [](Phone&) { TesselNotificationController::sharedController()->dismissTessel(); }},
+      {"dismissTessel", [](Phone& phone) { phone.library().sharedController().dismissTessel(); }},
   };
   for (const auto& [name, close] : ways) {
     SCOPED_TRACE(name);

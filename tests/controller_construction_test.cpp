@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "controller/module.h"
 #include "controller/tessel_notification_controller.h"
 #include "tests/controller_world_support.h"
 
@@ -25,7 +24,7 @@ TEST(Construction, WithoutAnApplicationOnlyTheArrowIsShownOnEitherLookup) {
     config.coreFoundationVersion = release;
     Phone phone(config);
     auto before = viewOf(phone.dump(), phone.dump().at("window")).at("subviews").size();
-    TesselNotificationController::sharedController()->showTesselForBundleIdentifier("com.example.unknown");
+    phone.library().sharedController().showTesselForBundleIdentifier("com.example.unknown");
     phone.settle();
     auto dump = phone.dump();
     EXPECT_EQ(countTagged(dump, 1334), 1) << "the arrow view stays";

@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "controller/module.h"
+#include "hooks/library.h"
 #include "host/geometry.h"
 #include "sim/world.h"
 
@@ -84,6 +84,7 @@ class Phone {
     }
   }
   sim::World* operator->() { return world_.get(); }
+  Library& library() { return *world_->library(); }
   // Lets every block, timer and animation of the last events finish.
   void settle() { world_->advanceTo(world_->time() + 1.0); }
   json dump() const { return world_->dump(); }

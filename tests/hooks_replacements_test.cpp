@@ -2,7 +2,9 @@
 // order of what happens: the host's call, the library's closing of the panel.
 
 #include <algorithm>
+#include <any>
 #include <functional>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -10,25 +12,53 @@
 #include <gtest/gtest.h>
 
 #include "hooks/library.h"
-#include "hooks/replacements.h"
+#include "host/hooked_methods.h"
 
-namespace tessel::hooks {
+namespace tessel {
 namespace {
 
 using namespace host;
 
 std::vector<std::string> events;
 
+// A runtime that hands back the implementations a test gives it as the
+// host's own, and keeps what the library installs.
+class RecordingRuntime : public Runtime {
+ public:
+  std::any replace(const Ref<Class>&, const MethodName& method, std::any replacement) override {
+    installOrder.push_back(std::string(method.className) + " " + std::string(method.selector));
+    installed[std::string(method.selector)] = std::move(replacement);
+    return hostHad[std::string(method.selector)];
+  }
+  template <class Signature>
+  void give(const MethodHook<Signature>& hook, typename MethodHook<Signature>::Implementation implementation) {
+    hostHad[std::string(hook.selector)] = std::move(implementation);
+  }
+  template <class Signature>
+  typename MethodHook<Signature>::Implementation replacement(const MethodHook<Signature>& hook) {
+    return std::any_cast<typename MethodHook<Signature>::Implementation>(installed.at(std::string(hook.selector)));
+  }
+
+  std::map<std::string, std::any> hostHad;
+  std::map<std::string, std::any> installed;
+  std::vector<std::string> installOrder;
+};
+
 // Closing the panel begins with removing the keyboard observers.
 class RecordingHost : public Host {
  public:
   class RecordingCenter : public NotificationCenter {
    public:
-    void removeObserverNameObject(const ActionTarget*, const String&, const Ref<Object>&) override {
+    void removeObserverNameObject(const Ref<Object>&, const String&, const Ref<Object>&) override {
       events.push_back("close");
     }
   };
+  Ref<Runtime> runtime() override { return Ref<Runtime>(std::shared_ptr<Runtime>(runtime_)); }
   Ref<NotificationCenter> defaultCenter() override { return make<RecordingCenter>(); }
+  RecordingRuntime& recording() { return *runtime_; }
+
+ private:
+  std::shared_ptr<RecordingRuntime> runtime_ = std::make_shared<RecordingRuntime>();
 };
 
 class IconViewAskedForItsIcon : public IconView {
@@ -50,35 +80,58 @@ std::vector<std::string> eventsOf(Call call) {
 
 class Replacements : public ::testing::Test {
  protected:
+  // The host's implementations are given before the library loads and installs.
+  void load() { library_ = Library::load(host_); }
+  RecordingRuntime& runtime() { return host_.recording(); }
+
   RecordingHost host_;
-  std::unique_ptr<Module> module_ = loadLibrary(host_);
-  PreviousImplementations& hostHad = *module_->previous;
+  std::unique_ptr<Library> library_;
   bool handled_ = false;
   std::function<void()> record_ = [] { events.push_back("previous"); };
-  std::function<bool()> press_ = [this] {
-    events.push_back("previous");
-    return handled_;
-  };
 };
 
+TEST_F(Replacements, AreInstalledOnceEachInTheirOrder) {
+  load();
+  EXPECT_EQ(
+      runtime().installOrder,
+      (std::vector<std::string>{
+          "SBIconView layoutSubviews", "SBBulletinViewController initWithNibName:bundle:",
+          "SBFolder initWithMaxListCount:maxIconCountInLists:", "SBLockScreenManager unlockUIFromSource:withOptions:",
+          "SBApplicationIcon launchFromLocation:", "SBAppSwitcherController switcherScroller:itemTapped:",
+          "SBAppSwitcherController launchAppWithIdentifier:url:actions:", "SBUIController clickedMenuButton",
+          "SBUIController handleMenuDoubleTap", "SBUIController _deviceLockStateChanged:"}));
+}
+
 TEST_F(Replacements, CallTheHostFirstAndThenCloseThePanel) {
-  hostHad.unlockUI = decltype(hostHad.unlockUI)([&](auto&&...) { record_(); });
-  hostHad.launchFromLocation = decltype(hostHad.launchFromLocation)([&](auto&&...) { record_(); });
-  hostHad.switcherItemTapped = decltype(hostHad.switcherItemTapped)([&](auto&&...) { record_(); });
-  hostHad.switcherLaunchApp = decltype(hostHad.switcherLaunchApp)([&](auto&&...) { record_(); });
-  hostHad.deviceLockStateChanged = decltype(hostHad.deviceLockStateChanged)([&](auto&&...) { record_(); });
+  auto recorded = [&](auto&&...) { record_(); };
+  runtime().give(hooked::lockScreenManagerUnlockUIFromSourceWithOptions, recorded);
+  runtime().give(hooked::applicationIconLaunchFromLocation, recorded);
+  runtime().give(hooked::appSwitcherSwitcherScrollerItemTapped, recorded);
+  runtime().give(hooked::appSwitcherLaunchAppWithIdentifierUrlActions, recorded);
+  runtime().give(hooked::uiControllerDeviceLockStateChanged, recorded);
+  load();
   const std::vector<std::string> previousThenClose{"previous", "close"};
-  EXPECT_EQ(eventsOf([] { lockScreenManagerUnlockUIFromSourceWithOptions({}, 0, {}); }), previousThenClose);
-  EXPECT_EQ(eventsOf([] { applicationIconLaunchFromLocation({}, 3); }), previousThenClose);
-  EXPECT_EQ(eventsOf([] { appSwitcherSwitcherScrollerItemTapped({}, {}, {}); }), previousThenClose);
-  EXPECT_EQ(eventsOf([] { appSwitcherLaunchAppWithIdentifierUrlActions({}, "x", {}, {}); }), previousThenClose);
-  EXPECT_EQ(eventsOf([] { uiControllerDeviceLockStateChanged({}, {}); }), previousThenClose);
+  auto& r = runtime();
+  EXPECT_EQ(eventsOf([&] { r.replacement(hooked::lockScreenManagerUnlockUIFromSourceWithOptions)({}, 0, {}); }),
+            previousThenClose);
+  EXPECT_EQ(eventsOf([&] { r.replacement(hooked::applicationIconLaunchFromLocation)({}, 3); }), previousThenClose);
+  EXPECT_EQ(eventsOf([&] { r.replacement(hooked::appSwitcherSwitcherScrollerItemTapped)({}, {}, {}); }),
+            previousThenClose);
+  EXPECT_EQ(eventsOf([&] { r.replacement(hooked::appSwitcherLaunchAppWithIdentifierUrlActions)({}, "x", {}, {}); }),
+            previousThenClose);
+  EXPECT_EQ(eventsOf([&] { r.replacement(hooked::uiControllerDeviceLockStateChanged)({}, {}); }), previousThenClose);
 }
 
 TEST_F(Replacements, MenuButtonsHandBackTheHostsAnswerAndCloseOnlyWhenItHandledThePress) {
-  hostHad.clickedMenuButton = decltype(hostHad.clickedMenuButton)([&](auto&&...) { return press_(); });
-  hostHad.handleMenuDoubleTap = decltype(hostHad.handleMenuDoubleTap)([&](auto&&...) { return press_(); });
-  for (auto* menu : {&uiControllerClickedMenuButton, &uiControllerHandleMenuDoubleTap}) {
+  auto press = [&](auto&&...) {
+    events.push_back("previous");
+    return handled_;
+  };
+  runtime().give(hooked::uiControllerClickedMenuButton, press);
+  runtime().give(hooked::uiControllerHandleMenuDoubleTap, press);
+  load();
+  for (auto* hook : {&hooked::uiControllerClickedMenuButton, &hooked::uiControllerHandleMenuDoubleTap}) {
+    auto menu = runtime().replacement(*hook);
     for (bool hostHandled : {false, true}) {
       handled_ = hostHandled;
       bool answer = !hostHandled;
@@ -91,9 +144,10 @@ TEST_F(Replacements, MenuButtonsHandBackTheHostsAnswerAndCloseOnlyWhenItHandledT
 }
 
 TEST_F(Replacements, IconLayoutAsksAboutTheIconBeforeTheHostLaysOut) {
-  hostHad.iconViewLayoutSubviews = decltype(hostHad.iconViewLayoutSubviews)([&](auto&&...) { record_(); });
-  EXPECT_EQ(eventsOf([] { iconViewLayoutSubviews(make<IconViewAskedForItsIcon>()); }),
-            (std::vector<std::string>{"icon", "previous"}));
+  runtime().give(hooked::iconViewLayoutSubviews, [&](auto&&...) { record_(); });
+  load();
+  auto layout = runtime().replacement(hooked::iconViewLayoutSubviews);
+  EXPECT_EQ(eventsOf([&] { layout(make<IconViewAskedForItsIcon>()); }), (std::vector<std::string>{"icon", "previous"}));
 }
 
 TEST_F(Replacements, OnlyTheFirstNotificationListControllerThatHandlesNoWidgetsIsKept) {
@@ -105,23 +159,32 @@ TEST_F(Replacements, OnlyTheFirstNotificationListControllerThatHandlesNoWidgetsI
    private:
     bool widgets_;
   };
-  hostHad.bulletinViewControllerInit = decltype(hostHad.bulletinViewControllerInit)(
-      [](const Ref<BulletinViewController>& self, auto&&...) { return self; });
+  runtime().give(hooked::bulletinViewControllerInitWithNibNameBundle,
+                 [](const Ref<BulletinViewController>& self, auto&&...) { return self; });
+  load();
+  auto init = runtime().replacement(hooked::bulletinViewControllerInitWithNibNameBundle);
   Ref<BulletinViewController> widgets = make<ListController>(true), first = make<ListController>(false),
                               second = make<ListController>(false);
-  for (const auto& made : {widgets, first, second}) {
-    EXPECT_TRUE(bulletinViewControllerInitWithNibNameBundle(made, {}, {}) == made);
-  }
-  EXPECT_TRUE(module_->shared.bulletinViewController.lock() == first);
+  for (const auto& made : {widgets, first, second}) EXPECT_TRUE(init(made, {}, {}) == made);
+  EXPECT_TRUE(library_->shared().bulletinViewController.lock() == first);
 }
 
 TEST_F(Replacements, AHostImplementationThatThrowsStopsAtTheReplacement) {
   auto fail = [](auto&&...) -> bool { throw std::runtime_error("host failure"); };
-  hostHad.launchFromLocation = decltype(hostHad.launchFromLocation)(fail);
-  hostHad.clickedMenuButton = decltype(hostHad.clickedMenuButton)(fail);
-  EXPECT_EQ(eventsOf([] { applicationIconLaunchFromLocation({}, 0); }), std::vector<std::string>{"close"});
-  EXPECT_FALSE(uiControllerClickedMenuButton({}));
+  runtime().give(hooked::applicationIconLaunchFromLocation, fail);
+  runtime().give(hooked::uiControllerClickedMenuButton, fail);
+  load();
+  EXPECT_EQ(eventsOf([&] { runtime().replacement(hooked::applicationIconLaunchFromLocation)({}, 0); }),
+            std::vector<std::string>{"close"});
+  EXPECT_FALSE(runtime().replacement(hooked::uiControllerClickedMenuButton)({}));
+}
+
+TEST_F(Replacements, WithoutAHostImplementationTheWorkStillRuns) {
+  load();
+  EXPECT_EQ(eventsOf([&] { runtime().replacement(hooked::uiControllerDeviceLockStateChanged)({}, {}); }),
+            std::vector<std::string>{"close"});
+  EXPECT_FALSE(runtime().replacement(hooked::uiControllerHandleMenuDoubleTap)({}));
 }
 
 }  // namespace
-}  // namespace tessel::hooks
+}  // namespace tessel

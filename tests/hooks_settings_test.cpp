@@ -76,8 +76,8 @@ TEST(Settings, EnabledInstallsSubscribesAndLoadsTheWebViewFrameworkFromItsReleas
            "SBApplicationIcon launchFromLocation:", "SBAppSwitcherController switcherScroller:itemTapped:",
            "SBAppSwitcherController launchAppWithIdentifier:url:actions:", "SBUIController clickedMenuButton",
            "SBUIController handleMenuDoubleTap", "SBUIController _deviceLockStateChanged:"}));
-  EXPECT_EQ(atThreshold.at("bundlesLoaded"), json::array({kWebKitBundlePath}));
-  EXPECT_EQ(atThreshold.at("observers").at("darwin"), json::array({kPreferencesChangedNotification}));
+  EXPECT_EQ(atThreshold.at("bundlesLoaded"), json::array({"/System/Library/Frameworks/WebKit.framework"}));
+  EXPECT_EQ(atThreshold.at("observers").at("darwin"), json::array({"com.orvalt.tessel/preferencesChanged"}));
   EXPECT_EQ(atThreshold.at("shared").at("verticalOffset"), 68);  // 480 / 7, truncated
 
   config.coreFoundationVersion = 1140.09;

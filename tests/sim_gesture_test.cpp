@@ -33,17 +33,17 @@ class Gestures : public ::testing::Test {
     return recognizer;
   }
   host::Ref<host::GestureRecognizer> swipe(std::uint64_t direction) {
-    auto r = host.makeSwipeGestureRecognizer(log, "swipe:");
+    auto r = host.makeSwipeGestureRecognizer(target, host::action::handleIconHeldFromSender);
     r->setDirection(direction);
     return attach(r);
   }
   host::Ref<host::GestureRecognizer> tap(std::uint64_t taps) {
-    auto r = host.makeTapGestureRecognizer(log, "tap:");
+    auto r = host.makeTapGestureRecognizer(target, host::action::handleIconHeldFromSender);
     r->setNumberOfTapsRequired(taps);
     return attach(r);
   }
   host::Ref<host::GestureRecognizer> longPress(std::uint64_t taps) {
-    auto r = host.makeLongPressGestureRecognizer(log, "press:");
+    auto r = host.makeLongPressGestureRecognizer(target, host::action::handleIconHeldFromSender);
     r->setNumberOfTapsRequired(taps);
     return attach(r);
   }
@@ -55,6 +55,7 @@ class Gestures : public ::testing::Test {
 
   SimHost host{homeWithMail(), ""};
   std::shared_ptr<ActionLog> log = std::make_shared<ActionLog>(host);
+  host::Ref<host::Object> target = host.makeController(host.runtime()->getClass("NSObject"), log);
 };
 
 TEST_F(Gestures, ASwipeSendsItsActionOnceRightAway) {
@@ -62,8 +63,8 @@ TEST_F(Gestures, ASwipeSendsItsActionOnceRightAway) {
   ASSERT_TRUE(perform("swipeUp"));
   host.advanceTo(5);
   ASSERT_EQ(log->calls.size(), 1u);
-  EXPECT_EQ(log->calls[0].selector, "swipe:");
-  EXPECT_EQ(log->calls[0].sender, up.get());
+  EXPECT_EQ(log->calls[0].selector, "handleIconHeldFromSender:");
+  EXPECT_EQ(log->calls[0].sender, host::identityOf(up));
   EXPECT_EQ(log->calls[0].time, 0);
 
   EXPECT_TRUE(perform("swipeDown"));
@@ -77,7 +78,7 @@ TEST_F(Gestures, OfTheRecognizersThatTakeAGestureOnlyTheFirstAttachedRecognizes)
   tap(3);
   perform("doubleTap");
   ASSERT_EQ(log->calls.size(), 1u);
-  EXPECT_EQ(log->calls[0].sender, first.get());
+  EXPECT_EQ(log->calls[0].sender, host::identityOf(first));
   perform("tripleTap");
   EXPECT_EQ(log->calls.size(), 2u);
 }
@@ -91,7 +92,7 @@ TEST_F(Gestures, ALongPressBeginsAfterHalfASecondAndEndsWhenTheFingerLifts) {
   ASSERT_EQ(log->calls.size(), 2u);
   EXPECT_DOUBLE_EQ(log->calls[0].time, 2.5);
   EXPECT_DOUBLE_EQ(log->calls[1].time, 3.5);
-  EXPECT_EQ(log->calls[1].sender, press.get());
+  EXPECT_EQ(log->calls[1].sender, host::identityOf(press));
 
   perform("hold", 0.3);
   host.advanceTo(20);
@@ -144,14 +145,14 @@ TEST_F(Gestures, ATapAtAPointReachesTheFrontmostViewThere) {
 
   auto cover = host.buttonWithType(0);
   cover->setFrame(host.screenBounds());
-  cover->addTargetActionForControlEvents(log, "covered:", 64);
-  cover->addTargetActionForControlEvents(log, "touchedDown:", 1);
+  cover->addTargetActionForControlEvents(target, host::action::removeTesselViewsFromView, 64);
+  cover->addTargetActionForControlEvents(target, host::action::keyboardWillShowOrHide, 1);
   host.window()->addSubview(cover);
   std::string taken;
   host.runTurn([&] { taken = tapAt(host, {inWindow.x + 30, inWindow.y + 30}); });
   EXPECT_EQ(taken, "button");
   ASSERT_EQ(log->calls.size(), 1u);
-  EXPECT_EQ(log->calls[0].selector, "covered:");
+  EXPECT_EQ(log->calls[0].selector, "removeTesselViewsFromView:");
   EXPECT_EQ(host.recorder().launches().size(), 1u);
 }
 

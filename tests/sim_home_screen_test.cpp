@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/method_signatures.h"
+#include "host/hooked_methods.h"
 #include "sim/home_screen.h"
 #include "sim/sim_animator.h"
 #include "sim/sim_runtime.h"
@@ -217,32 +217,24 @@ TEST_F(OlderNotificationList, TheListControllerAnswersBySectionIndex) {
 }
 
 TEST_F(HomeScreenTest, TheHostCallsReplaceableMethodsThroughTheirMethodTables) {
+  namespace hooked = host::hooked;
   auto& rt = *host.runtime();
   std::vector<std::string> folderClasses;
-  host::Previous<host::signature::FolderInitWithMaxListCountMaxIconCountInLists> previousInit;
-  previousInit = host::hookMessage<host::signature::FolderInitWithMaxListCountMaxIconCountInLists>(
-      rt, rt.getClass("SBFolder"), "initWithMaxListCount:maxIconCountInLists:",
-      [&](const Ref<host::Folder>& self, std::uint64_t lists, std::uint64_t icons) {
-        folderClasses.push_back(self->objectClass()->name());
-        return previousInit(self, lists, icons);
-      });
-  EXPECT_TRUE(previousInit) << "the host's own implementation comes back";
-
+  host::replaceMethod(rt, rt.getClass("SBFolder"), hooked::folderInitWithMaxListCountMaxIconCountInLists,
+                      host::PreviousRuns::first,
+                      [&](const Ref<host::Folder>& self, std::uint64_t, std::uint64_t, const Ref<host::Folder>& made) {
+                        EXPECT_TRUE(made == self) << "the host's own initialiser ran first";
+                        folderClasses.push_back(self->objectClass()->name());
+                      });
   int layouts = 0;
-  host::Previous<host::signature::IconViewLayoutSubviews> previousLayout;
-  previousLayout = host::hookMessage<host::signature::IconViewLayoutSubviews>(
-      rt, rt.getClass("SBIconView"), "layoutSubviews", [&](const Ref<host::IconView>& self) {
-        ++layouts;
-        previousLayout(self);
-      });
+  host::replaceMethod(rt, rt.getClass("SBIconView"), hooked::iconViewLayoutSubviews, host::PreviousRuns::last,
+                      [&](const Ref<host::IconView>&) { ++layouts; });
   bool handled = false;
-  host::Previous<host::signature::UIControllerClickedMenuButton> previousPress;
-  previousPress = host::hookMessage<host::signature::UIControllerClickedMenuButton>(
-      rt, rt.getClass("SBUIController"), "clickedMenuButton", [&](const Ref<host::Object>& self) {
-        handled = previousPress(self);
-        return handled;
-      });
-  EXPECT_FALSE(rt.hookMessage(nullptr, "layoutSubviews", std::any()).has_value()) << "no class, nothing installed";
+  host::replaceMethod(rt, rt.getClass("SBUIController"), hooked::uiControllerClickedMenuButton,
+                      host::PreviousRuns::first,
+                      [&](const Ref<host::Object>&, bool hostHandled) { handled = hostHandled; });
+  EXPECT_FALSE(rt.replace(nullptr, hooked::iconViewLayoutSubviews, std::any()).has_value())
+      << "no class, nothing installed";
 
   build();
   EXPECT_EQ(folderClasses, (std::vector<std::string>{"SBRootFolderWithDock", "SBFolder"}));
@@ -253,7 +245,7 @@ TEST_F(HomeScreenTest, TheHostCallsReplaceableMethodsThroughTheirMethodTables) {
 
   auto ui = home().uiController();
   ui->setHandlesPress(true);
-  auto press = ui->simClass()->method<host::signature::UIControllerClickedMenuButton>("clickedMenuButton");
+  auto press = ui->simClass()->method(hooked::uiControllerClickedMenuButton);
   EXPECT_TRUE(press(Ref<host::Object>(ui)));
   EXPECT_TRUE(handled);
   ui->setHandlesPress(false);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/sim_main_queue.h"
+#include "sim/library_objects.h"
 #include "sim_test_host.h"
 
 namespace tessel::sim::testing {
@@ -56,9 +57,9 @@ TEST_F(MainQueue, TheHostClockCountsFromTheEpoch) {
 
 TEST_F(MainQueue, ViewsAddedOrResizedAreLaidOutAtTheEndOfTheTurn) {
   auto counter = std::make_shared<LayoutCounter>();
-  auto cls = host.runtime()->registerClass("TestPanel", host.runtime()->getClass("UIView"));
+  auto cls = host.runtime()->getClass("TesselGenericNotificationView");
   auto view = host.makeCustomView(cls, {0, 0, 100, 100}, counter);
-  EXPECT_EQ(view->viewDelegate(), counter);
+  EXPECT_EQ(viewDelegateOf(view), counter.get());
 
   host.runTurn([&] {
     host.window()->addSubview(view);
@@ -77,7 +78,7 @@ TEST_F(MainQueue, ViewsAddedOrResizedAreLaidOutAtTheEndOfTheTurn) {
 
 TEST_F(MainQueue, AViewOutsideAnyTreeIsLaidOutOnceItIsPutIntoOne) {
   auto counter = std::make_shared<LayoutCounter>();
-  auto cls = host.runtime()->registerClass("TestPanel", host.runtime()->getClass("UIView"));
+  auto cls = host.runtime()->getClass("TesselGenericNotificationView");
   auto view = host.makeCustomView(cls, {0, 0, 10, 10}, counter);
   host.runTurn([&] { view->setFrame({0, 0, 20, 20}); });
   EXPECT_EQ(counter->passes, 0);
@@ -87,18 +88,19 @@ TEST_F(MainQueue, AViewOutsideAnyTreeIsLaidOutOnceItIsPutIntoOne) {
 
 // A view whose layout resizes another view: the pass goes on until nothing
 // needs layout.
-class Resizer : public host::ViewDelegate {
+class Resizer : public LayoutCounter {
  public:
-  void layoutSubviews() noexcept override {
-    ++passes;
+  host::Weak<host::View> other;
+
+ protected:
+  void layout() override {
+    LayoutCounter::layout();
     if (auto target = other.lock()) target->setFrame({0, 0, 50.0 + passes, 50});
   }
-  host::Weak<host::View> other;
-  int passes = 0;
 };
 
 TEST_F(MainQueue, LayoutThatCausesLayoutRepeatsWithinTheTurn) {
-  auto cls = host.runtime()->registerClass("TestPanel", host.runtime()->getClass("UIView"));
+  auto cls = host.runtime()->getClass("TesselGenericNotificationView");
   auto first = std::make_shared<Resizer>();
   auto second = std::make_shared<LayoutCounter>();
   auto a = host.makeCustomView(cls, {0, 0, 10, 10}, first);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "hooks/settings_schema.h"
+
 #include "hooks/library.h"
 #include "sim/property_list.h"
 #include "sim/sim_host.h"
@@ -47,7 +49,7 @@ class ScratchDirectory {
   fs::path path_;
 };
 
-std::string settingsPath(const fs::path& root) { return (root / ("." + std::string(kSettingsPath))).string(); }
+std::string settingsPath(const fs::path& root) { return (root / ("." + std::string(settings::kPath))).string(); }
 
 const json& viewOfIcon(const json& dump, const std::string& bundleIdentifier) {
   for (const auto& [id, view] : dump.at("views").items()) {
@@ -99,7 +101,7 @@ TEST(World, TheDumpHasEverySectionOfTheContract) {
     ASSERT_TRUE(dump.at("views").contains(id)) << id;
     for (const auto& child : dump.at("views").at(id).at("subviews")) pending.push_back(child);
   }
-  EXPECT_EQ(dump.at("observers").at("darwin"), (json{kPreferencesChangedNotification}));
+  EXPECT_EQ(dump.at("observers").at("darwin"), (json{std::string(settings::kChangedNotification)}));
 }
 
 TEST(World, TheLibraryIsLoadedBeforeTheHomeScreenIsMade) {

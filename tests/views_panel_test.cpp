@@ -7,6 +7,7 @@
 #include "controller/tessel_notification_controller.h"
 #include "controller_world_support.h"
 #include "sim/sim_backdrop_view.h"
+#include "sim/sim_custom_view.h"
 #include "sim/sim_host.h"
 #include "sim/sim_image_view.h"
 #include "sim/sim_label.h"
@@ -42,8 +43,21 @@ sim::WorldConfig phoneWithMail(bool dark) {
   return config;
 }
 
-Ref<TesselGenericNotificationView> openPanel(Phone& phone) {
-  return TesselGenericNotificationView::of(phone->module()->controller->genericView());
+std::shared_ptr<TesselGenericNotificationView> openPanel(Phone& phone) {
+  return phone.library().sharedController().panel();
+}
+
+// A panel made as the controller makes one, with no one to tell of a chosen row.
+Ref<host::View> makePanel(Phone& phone, const Rect& frame, const char* bundleIdentifier) {
+  return TesselGenericNotificationView::initWithFrameBundleIdentifier(phone.library().context(), {}, frame,
+                                                                      bundleIdentifier)
+      .view;
+}
+
+// The panel object behind one of its views.
+std::shared_ptr<TesselGenericNotificationView> panelOf(const Ref<host::View>& view) {
+  auto* custom = dynamic_cast<sim::SimCustomView*>(view.get());
+  return custom ? std::dynamic_pointer_cast<TesselGenericNotificationView>(custom->delegate()) : nullptr;
 }
 
 template <class T>
@@ -66,8 +80,8 @@ std::string windowSubviewTagged(const json& dump, int tag) {
 
 TEST(PanelLayers, DarkBodyIsABlurAndNoLayerIsAttachedYet) {
   Phone phone(phoneWithMail(/*dark*/ true), /*unlock*/ false);
-  auto view = TesselGenericNotificationView::initWithFrameBundleIdentifier({20, 300, 280, 160}, kMail);
-  auto panel = TesselGenericNotificationView::of(view);
+  auto view = makePanel(phone, {20, 300, 280, 160}, kMail);
+  auto panel = panelOf(view);
   ASSERT_TRUE(panel);
   EXPECT_EQ(panel->view(), view);
   EXPECT_EQ(panel->bundleIdentifier(), kMail);
@@ -111,8 +125,7 @@ TEST(PanelLayers, DarkBodyIsABlurAndNoLayerIsAttachedYet) {
 
 TEST(PanelLayers, LightBodyIsAWhiteImageOfThePanelsSize) {
   Phone phone(phoneWithMail(/*dark*/ false), /*unlock*/ false);
-  auto panel = TesselGenericNotificationView::of(
-      TesselGenericNotificationView::initWithFrameBundleIdentifier({0, 100, 300, 120}, kMail));
+  auto panel = panelOf(makePanel(phone, {0, 100, 300, 120}, kMail));
   auto body = panel->folderBlurBack();
   ASSERT_EQ(body->subviews().size(), 1u);
   auto* fill = as<sim::SimImageView>(body->subviews()[0]);
@@ -124,8 +137,8 @@ TEST(PanelLayers, LightBodyIsAWhiteImageOfThePanelsSize) {
 class PanelLayout : public ::testing::Test {
  protected:
   PanelLayout() {
-    view = TesselGenericNotificationView::initWithFrameBundleIdentifier({0, 100, 320, 160}, kMail);
-    panel = TesselGenericNotificationView::of(view);
+    view = makePanel(phone, {0, 100, 320, 160}, kMail);
+    panel = panelOf(view);
     window()->addSubview(view);
   }
   Ref<host::View> window() { return Ref<host::View>(phone->host().window()); }
@@ -133,7 +146,7 @@ class PanelLayout : public ::testing::Test {
 
   Phone phone{phoneWithMail(/*dark*/ true), /*unlock*/ false};
   Ref<host::View> view;
-  Ref<TesselGenericNotificationView> panel;
+  std::shared_ptr<TesselGenericNotificationView> panel;
 };
 
 TEST_F(PanelLayout, AttachesBodyAndStripAndAddsOneEmptyBlackViewPerPass) {
@@ -245,10 +258,10 @@ TEST(PanelList, TheSectionWalkPassesSectionsWithNothingBehindThemAndStopsAtTheFi
   Phone phone(phoneWithMail(/*dark*/ true), /*unlock*/ false);
   auto list = host::make<GivenList>();
   list->sections = {{}, {kMaps, 4}, {kMail, 2}, {kMail, 5}};
-  shared().bulletinViewController = Ref<host::BulletinViewController>(list);
-  auto view = TesselGenericNotificationView::initWithFrameBundleIdentifier({0, 100, 320, 160}, kMail);
+  phone.library().context().state.bulletinViewController = Ref<host::BulletinViewController>(list);
+  auto view = makePanel(phone, {0, 100, 320, 160}, kMail);
   phone->host().window()->addSubview(view);
-  auto panel = TesselGenericNotificationView::of(view);
+  auto panel = panelOf(view);
   panel->updateForFrameChange();
   EXPECT_EQ(panel->bulletins().size(), 2u);
   EXPECT_TRUE(panel->notificationTable());

@@ -1,6 +1,3 @@
-#include "controller/host_lookup.h"
-#include "controller/module.h"
-#include "controller/shielded.h"
 #include "views/tessel_generic_notification_view.h"
 
 namespace tessel {
@@ -9,8 +6,8 @@ namespace tessel {
 // goes behind everything in the key window. Both start invisible.
 void TesselGenericNotificationView::revealBackdrop() {
   fullBackBlur()->setAlpha(0);
-  view()->superview()->insertSubviewBelowSubview(fullBackBlur(), shared().arrowView.lock());
-  if (!shared().darkMode) keyWindow()->insertSubviewAtIndex(whitenUpBackBlurImageView(), 0);
+  view()->superview()->insertSubviewBelowSubview(fullBackBlur(), context_.state.arrowView.lock());
+  if (!context_.state.darkMode) context_.keyWindow()->insertSubviewAtIndex(whitenUpBackBlurImageView(), 0);
 }
 
 void TesselGenericNotificationView::fadeInBackdrop() {
@@ -19,7 +16,7 @@ void TesselGenericNotificationView::fadeInBackdrop() {
     // In dark mode the whitening layer is in no window.
     self->whitenUpBackBlurImageView()->setAlpha(0.3);
   };
-  hostRef().animator()->animateWithDuration(0.5, shieldedBlock(fadeIn));
+  context_.host.animator()->animateWithDuration(0.5, fadeIn);
 }
 
 }  // namespace tessel

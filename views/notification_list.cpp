@@ -1,29 +1,22 @@
-#include "controller/host_lookup.h"
-#include "controller/module.h"
-#include "controller/shielded.h"
-#include "controller/tessel_notification_controller.h"
 #include "views/tessel_generic_notification_view.h"
 
 namespace tessel {
 
-// Runs from a queued block, so nothing it throws may go further.
 void TesselGenericNotificationView::updateForFrameChange() {
-  shielded([this] {
-    revealBackdrop();
-    auto section = sectionForBundleIdentifier();
-    if (section) {
-      showNotificationTable(section->representedListSection());
-    } else {
-      showEmptyListLabel();
-    }
-    fadeInBackdrop();
-  });
+  revealBackdrop();
+  auto section = sectionForBundleIdentifier();
+  if (section) {
+    showNotificationTable(section->representedListSection());
+  } else {
+    showEmptyListLabel();
+  }
+  fadeInBackdrop();
 }
 
 // Walks the notification list's sections in order; the walk ends at the
 // first match or at the first index the list has no section for.
 host::Ref<host::BulletinSectionController> TesselGenericNotificationView::sectionForBundleIdentifier() const {
-  auto listController = shared().bulletinViewController.lock();
+  auto listController = context_.state.bulletinViewController.lock();
   for (std::int64_t index = 0;; ++index) {
     auto section = listController->sectionAtIndex(index);
     if (host::isEqualToString(section->representedListSection()->sectionID(), bundleIdentifier())) return section;
@@ -32,9 +25,9 @@ host::Ref<host::BulletinSectionController> TesselGenericNotificationView::sectio
 }
 
 void TesselGenericNotificationView::showEmptyListLabel() {
-  const double screenWidth = screenBounds().width;
+  const double screenWidth = context_.screenBounds().width;
   const double height = view()->frame().height;
-  auto label = hostRef().makeLabel({0, 0, screenWidth * 0.8, height});
+  auto label = context_.host.makeLabel({0, 0, screenWidth * 0.8, height});
   label->setCenter({screenWidth * 0.5, height * 0.5});
   label->setText("No new notifications");
   label->setTextColor(host::Color::whiteColor());
@@ -48,18 +41,19 @@ void TesselGenericNotificationView::showEmptyListLabel() {
 
 void TesselGenericNotificationView::showNotificationTable(const host::Ref<host::BulletinListSection>& section) {
   setBulletins(section->bulletins());
-  const double screenWidth = screenBounds().width;
+  const double screenWidth = context_.screenBounds().width;
   const double height = view()->frame().height;
   // Two rows fill the panel.
   const double rowHeight = height * 0.5;
 
   // A scroll view that is set up and then dropped; it never shows.
-  auto scrollView = hostRef().makeScrollView(view()->frame());
+  auto scrollView = context_.host.makeScrollView(view()->frame());
   scrollView->setShowsHorizontalScrollIndicator(false);
   scrollView->setShowsVerticalScrollIndicator(true);
   scrollView->setContentSize({screenWidth, rowHeight * 3 * static_cast<double>(bulletins().size())});
 
-  setNotificationTable(hostRef().makeTableView({0, 0, screenWidth, height}, /* grouped */ 1));
+  setNotificationTable(
+      context_.host.makeTableView({0, 0, screenWidth, height}, host::platform::kTableViewStyleGrouped));
   auto table = notificationTable();
   table->setBackgroundView(folderBlurBack());
   table->setRowHeight(rowHeight);
@@ -67,26 +61,24 @@ void TesselGenericNotificationView::showNotificationTable(const host::Ref<host::
   table->setShowsVerticalScrollIndicator(true);
   table->setUserInteractionEnabled(true);
   table->setBounces(true);
-  table->setDelegate(weak_from_this());
-  table->setDataSource(weak_from_this());
+  table->setDelegate(view());
+  table->setDataSource(view());
   table->registerClassForCellReuseIdentifier("UITableViewCell", kCellIdentifier);
   view()->addSubview(table);
 }
 
-std::int64_t TesselGenericNotificationView::tableViewNumberOfRowsInSection(const host::Ref<host::TableView>& /*table*/,
-                                                                           std::int64_t /*section*/) noexcept {
+std::int64_t TesselGenericNotificationView::numberOfRows(const host::Ref<host::TableView>& /*table*/,
+                                                         std::int64_t /*section*/) {
   return static_cast<std::int64_t>(bulletins().size());
 }
 
 // Every row opens the application itself, whichever notification it shows.
-void TesselGenericNotificationView::tableViewDidSelectRowAtIndexPath(const host::Ref<host::TableView>& /*table*/,
-                                                                     const host::IndexPath& /*indexPath*/) noexcept {
-  shielded([this] {
-    auto keepAlive = shared_from_this();
-    const host::String identifier = bundleIdentifier();
-    TesselNotificationController::sharedController()->removeTesselViewsFromView(nullptr);
-    hostRef().sharedApplication()->launchApplicationWithIdentifierSuspended(identifier, /* suspended */ false);
-  });
+void TesselGenericNotificationView::didSelectRow(const host::Ref<host::TableView>& /*table*/,
+                                                 const host::IndexPath& /*indexPath*/) {
+  auto keepAlive = shared_from_this();
+  const host::String identifier = bundleIdentifier();
+  if (auto delegate = delegate_.lock()) delegate->dismissPanel();
+  context_.host.sharedApplication()->launchApplicationWithIdentifierSuspended(identifier, /* suspended */ false);
 }
 
 }  // namespace tessel

@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 
+#include "controller/context.h"
 #include "host/host.h"
+#include "views/panel_delegate.h"
 
 namespace tessel {
 
@@ -12,29 +14,21 @@ namespace tessel {
 // notifications. The host view (of the class "TesselGenericNotificationView")
 // keeps this object alive; this object names its view without keeping it.
 class TesselGenericNotificationView : public host::ViewDelegate,
-                                      public host::TableDataSource,
                                       public std::enable_shared_from_this<TesselGenericNotificationView> {
  public:
-  TesselGenericNotificationView() = default;
+  TesselGenericNotificationView(Context& context, std::weak_ptr<PanelDelegate> delegate)
+      : context_(context), delegate_(std::move(delegate)) {}
 
+  struct Made {
+    host::Ref<host::View> view;
+    std::weak_ptr<TesselGenericNotificationView> panel;
+  };
   // `alloc` + `initWithFrame:bundleIdentifier:`: the panel's view, or nothing
-  // when the base initialiser fails.
-  static host::Ref<host::View> initWithFrameBundleIdentifier(const host::Rect& frame,
-                                                             const host::String& bundleIdentifier);
-  // The panel behind a view of this class, or nothing.
-  static std::shared_ptr<TesselGenericNotificationView> of(const host::Ref<host::View>& view);
+  // when the base initialiser fails. `delegate` hears of a chosen row.
+  static Made initWithFrameBundleIdentifier(Context& context, std::weak_ptr<PanelDelegate> delegate,
+                                            const host::Rect& frame, const host::String& bundleIdentifier);
 
   void updateForFrameChange();
-
-  // |host::ViewDelegate|
-  void layoutSubviews() noexcept override;
-  // |host::TableDataSource|
-  std::int64_t tableViewNumberOfRowsInSection(const host::Ref<host::TableView>& table,
-                                              std::int64_t section) noexcept override;
-  host::Ref<host::TableViewCell> tableViewCellForRowAtIndexPath(const host::Ref<host::TableView>& table,
-                                                                const host::IndexPath& indexPath) noexcept override;
-  void tableViewDidSelectRowAtIndexPath(const host::Ref<host::TableView>& table,
-                                        const host::IndexPath& indexPath) noexcept override;
 
   // The view this panel draws into.
   host::Ref<host::View> view() const { return view_.lock(); }
@@ -69,6 +63,14 @@ class TesselGenericNotificationView : public host::ViewDelegate,
   double arrowOffset() const { return arrowOffset_; }
   void setArrowOffset(double v) { arrowOffset_ = v; }
 
+ protected:
+  // |host::ViewDelegate|
+  void layout() override;
+  std::int64_t numberOfRows(const host::Ref<host::TableView>& table, std::int64_t section) override;
+  host::Ref<host::TableViewCell> cellForRow(const host::Ref<host::TableView>& table,
+                                            const host::IndexPath& indexPath) override;
+  void didSelectRow(const host::Ref<host::TableView>& table, const host::IndexPath& indexPath) override;
+
  private:
   static constexpr const char* kCellIdentifier = "notificationCell";
 
@@ -80,6 +82,11 @@ class TesselGenericNotificationView : public host::ViewDelegate,
   void showEmptyListLabel();
   void showNotificationTable(const host::Ref<host::BulletinListSection>& section);
 
+  // Draws the held icon's image into a throwaway context.
+  void renderHeldIconImage();
+
+  Context& context_;
+  std::weak_ptr<PanelDelegate> delegate_;
   host::Weak<host::View> view_;
   host::String bundleIdentifier_;
   host::Ref<host::BackdropSettings> folderBlurBackSettings_;
