@@ -8,6 +8,9 @@ packages=(
   libplist-dev nlohmann-json3-dev libcli11-dev libfmt-dev
   libcairo2-dev libpango1.0-dev libwebp-dev libpng-dev
   fonts-inter fonts-dejavu-core
+  dpkg-dev
+  clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev
+  libobjc-12-dev libblocksruntime-dev
 )
 
 missing=()
