@@ -6,3 +6,6 @@ bash scripts/setup.sh
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$(nproc)"
 ctest --test-dir build --output-on-failure -j"$(nproc)"
+
+# The phone binding on a real Objective-C runtime (Debian's GNU runtime).
+bash phone/gnu/run-tests.sh
