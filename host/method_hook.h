@@ -83,6 +83,7 @@ void replaceMethod(Runtime& runtime, const Ref<Class>& cls, const MethodHook<R(S
       shield([&] { (*previous)(self, args...); });
       if (order == PreviousRuns::first) shield([&] { work(self, args...); });
     } else {
+      (void)order;  // an answer always comes first
       R result{};
       shield([&] { result = (*previous)(self, args...); });
       shield([&] { work(self, args..., result); });
