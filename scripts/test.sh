@@ -9,3 +9,6 @@ ctest --test-dir build --output-on-failure -j"$(nproc)"
 
 # The phone binding on a real Objective-C runtime (Debian's GNU runtime).
 bash phone/gnu/run-tests.sh
+
+# The phone dylib, cross-built and checked (load commands, minimum OS, links).
+bash scripts/build-phone.sh
