@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "controller/distinct_weak_list.h"
 #include "host/bulletins.h"
 #include "host/icon_controller.h"
 #include "host/icon_view.h"
@@ -14,7 +15,7 @@ namespace tessel {
 struct SharedState {
   bool darkMode = false;
   std::intptr_t activationMethod = 0;
-  std::vector<host::Weak<host::IconView>> iconViews;
+  DistinctWeakList<host::IconView> iconViews;
   std::vector<host::Weak<host::Folder>> folders;
   bool hasUnlockedOnce = false;
   host::Weak<host::BulletinViewController> bulletinViewController;

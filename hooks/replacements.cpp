@@ -54,10 +54,7 @@ void Library::installHooks() {
 }
 
 void Library::rememberIconViewAndRegister(const host::Ref<host::IconView>& view) {
-  auto& iconViews = context_.state.iconViews;
-  bool known = false;
-  for (const auto& seen : iconViews) known = known || seen.lock() == view;
-  if (!known) iconViews.push_back(view);
+  context_.state.iconViews.insert(view);
   auto bundleIdentifier = registrableBundleIdentifier(context_, view);
   if (bundleIdentifier) sharedController().registerLongHoldNotificationWithBundleIdentifier(bundleIdentifier);
 }
