@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "imaging/channel_sums.h"
+
 namespace tessel {
 namespace {
 
@@ -19,27 +21,10 @@ host::Color averageColor(const host::Ref<host::Image>& image) {
   const std::vector<std::uint8_t> bytes = image->copyData();
   const std::size_t height = image->height();
   const std::size_t width = image->width();
-  const std::size_t bytesPerRow = image->bytesPerRow();
-  const std::size_t step = image->bitsPerPixel() >> 3;
-
-  // 32-bit sums that wrap, as the stored pixels are summed on the device.
-  std::uint32_t sum0 = 0;
-  std::uint32_t sum1 = 0;
-  std::uint32_t sum2 = 0;
-  for (std::size_t row = 0; row < height; ++row) {
-    for (std::size_t column = 0; column < width; ++column) {
-      const std::size_t pixel = row * bytesPerRow + column * step;
-      if (pixel + 2 < bytes.size()) {
-        sum0 += bytes[pixel];
-        sum1 += bytes[pixel + 1];
-        sum2 += bytes[pixel + 2];
-      } else {
-        sum0 += byteAt(bytes, pixel);
-        sum1 += byteAt(bytes, pixel + 1);
-        sum2 += byteAt(bytes, pixel + 2);
-      }
-    }
-  }
+  const ChannelSums sums = sumFirstThreeBytes(bytes, width, height, image->bytesPerRow(), image->bitsPerPixel() >> 3);
+  const std::uint32_t sum0 = sums.first;
+  const std::uint32_t sum1 = sums.second;
+  const std::uint32_t sum2 = sums.third;
 
   // Single precision, multiplied in this order; a zero size makes it
   // infinite and the components not-a-number.

@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   cmake g++ make pkg-config
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev libopencv-core-dev
   libplist-dev nlohmann-json3-dev libcli11-dev libfmt-dev
   libcairo2-dev libpango1.0-dev libwebp-dev libpng-dev
   fonts-inter fonts-dejavu-core
