@@ -40,11 +40,11 @@ std::shared_ptr<host::Value> valueOf(plist_t node) {
       return std::make_shared<SimValue>(v);
     }
     case PLIST_STRING: {
-      char* text = nullptr;
-      plist_get_string_val(node, &text);
-      std::string s = text ? text : "";
-      if (text) free(text);
-      return std::make_shared<SimValue>(std::move(s));
+      // Read with its length: a string may hold a NUL byte, which the
+      // library's own reader would stop on with an assertion.
+      std::uint64_t length = 0;
+      const char* text = plist_get_string_ptr(node, &length);
+      return std::make_shared<SimValue>(text ? std::string(text, length) : std::string());
     }
     default:
       return std::make_shared<SimValue>(SimValue::Opaque{});

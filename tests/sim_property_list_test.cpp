@@ -119,6 +119,18 @@ TEST_F(PropertyLists, AFileThatIsNotAWholeDictionaryGivesNothing) {
   }
 }
 
+TEST_F(PropertyLists, AStringHoldingANulByteIsReadWholeNotFatally) {
+  using namespace std::string_literals;
+  auto settings = readDictionaryFile(
+      write("nul.plist",
+            "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>darkMode</key><string>N\0YES</string>"
+            "<key>activationMethod</key><string>3\0"
+            "9</string></dict></plist>"s));
+  ASSERT_TRUE(settings);
+  EXPECT_EQ(settings->objectForKey("darkMode")->boolValue(), false);
+  EXPECT_EQ(settings->objectForKey("activationMethod")->intValue(), 3);
+}
+
 TEST(StringReadings, AsThePlatformReadsThem) {
   struct Case {
     const char* text;
