@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/runtime.h"
+#include "phone/objc/runtime.h"
 
 namespace tessel::phone {
 
@@ -15,5 +16,13 @@ class PhoneRuntime : public host::Runtime {
   std::any replace(const host::Ref<host::Class>& cls, const host::MethodName& method, std::any replacement) override;
   host::Ref<host::Object> instanceVariable(const host::Ref<host::Object>& object, std::string_view name) override;
 };
+
+// A function that installs `replacement` as `cls`'s `selector` and hands
+// back the implementation it replaces: `MSHookMessageEx`'s shape.
+using MessageHook = void (*)(Class cls, SEL selector, IMP replacement, IMP* previous);
+
+// PhoneRuntime::replace with the installer given, or with the runtime's own
+// method replacement when `installer` is null.
+std::any replaceWith(MessageHook installer, Class cls, const host::MethodName& method, std::any replacement);
 
 }  // namespace tessel::phone

@@ -1,4 +1,6 @@
 #include "phone/gnu/standins/class_definitions.h"
+#include "phone/gnu/standins/host_stand_ins.h"
+#include "phone/gnu/standins/library_stand_ins.h"
 #include "phone/gnu/standins/stand_ins.h"
 #include "phone/objc/runtime.h"
 
@@ -11,6 +13,8 @@ void installStandIns() {
   defineUIGestureRecognizer(nsObject);
   defineNSNotification(nsObject);
   defineNSNotificationCenter(nsObject);
+  installHostStandIns();
+  installLibraryStandIns();
 }
 
 }  // namespace tessel::objc::gnu
