@@ -18,22 +18,8 @@ die() {
   exit 1
 }
 
-packages=(cmake make clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  step "installing ${missing[*]}"
-  sudo_cmd=()
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || die "not root and no sudo: install ${missing[*]} by hand"
-    sudo_cmd=(sudo)
-  fi
-  export DEBIAN_FRONTEND=noninteractive
-  "${sudo_cmd[@]}" apt-get update -qq || die "apt-get update failed"
-  "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" || die "could not install ${missing[*]}"
-fi
+bash "$repository/scripts/setup.sh" cmake make clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev ||
+  die "could not install the cross tool chain"
 
 step "configuring $build_dir (library sources from $source_root)"
 mkdir -p "$build_dir"

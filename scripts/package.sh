@@ -29,19 +29,8 @@ if [ -z "$dylib_source" ]; then
 fi
 [ -f phone/signing/CMakeLists.txt ] || fail "phone/signing/ is missing: there is no tessel-codesign to sign the dylib with"
 
-packages=(clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev dpkg-dev cmake g++ make pkg-config libplist-dev)
-missing=()
-for p in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  say "installing ${missing[*]}"
-  sudo_cmd=()
-  if [ "$(id -u)" -ne 0 ]; then sudo_cmd=(sudo); fi
-  export DEBIAN_FRONTEND=noninteractive
-  "${sudo_cmd[@]}" apt-get update -qq || fail "apt-get update failed"
-  "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" || fail "could not install ${missing[*]}"
-fi
+bash scripts/setup.sh clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev dpkg-dev cmake g++ make pkg-config \
+  libplist-dev || fail "could not install what the package build needs"
 
 jobs=$(nproc)
 tools=build-host

@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the project builds with, only when one is missing.
+# Installs Debian packages, only those missing: the ones named as arguments,
+# or, with none, every package the project builds with.
+#   bash scripts/setup.sh [PACKAGE ...]
 set -euo pipefail
 
 packages=(
@@ -12,6 +14,7 @@ packages=(
   clang-14 lld-14 llvm-14 libc++-14-dev libc++abi-14-dev
   libobjc-12-dev libblocksruntime-dev
 )
+if [ $# -gt 0 ]; then packages=("$@"); fi
 
 missing=()
 for p in "${packages[@]}"; do
@@ -24,7 +27,13 @@ fi
 
 echo "setup: installing ${missing[*]}"
 sudo_cmd=()
-if [ "$(id -u)" -ne 0 ]; then sudo_cmd=(sudo); fi
+if [ "$(id -u)" -ne 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "setup: not root and no sudo: install ${missing[*]} by hand" >&2
+    exit 1
+  fi
+  sudo_cmd=(sudo)
+fi
 export DEBIAN_FRONTEND=noninteractive
 "${sudo_cmd[@]}" apt-get update -qq
 "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
