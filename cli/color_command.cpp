@@ -31,7 +31,7 @@ nlohmann::json components(const host::Color& c) {
 int colorCommand(const std::string& imagePath, bool json, std::ostream& out, std::ostream& err) {
   sim::PngLoad load = sim::loadPng(imagePath);
   if (!load.image) {
-    err << imagePath << ": " << load.error << "\n";
+    err << load.error << "\n";  // the loader names the file
     return kExitInvalid;
   }
   // The image contexts that mergedColor draws into are the simulated toolkit's.

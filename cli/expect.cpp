@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "cli/limits.h"
+
 namespace tessel::cli {
 
 using nlohmann::json;
@@ -42,11 +44,12 @@ const json* find(const std::string& pointer, const json& dump) {
   }
 }
 
-bool near(const json& got, const json& want, double tolerance) {
+// Arrays compare element by element, no deeper than a scenario may nest.
+bool near(const json& got, const json& want, double tolerance, int depth = 0) {
   if (want.is_number()) return got.is_number() && std::fabs(got.get<double>() - want.get<double>()) <= tolerance;
-  if (!got.is_array() || got.size() != want.size()) return false;
+  if (!got.is_array() || got.size() != want.size() || depth >= kMaxNesting) return false;
   for (std::size_t i = 0; i < want.size(); ++i) {
-    if (!near(got[i], want[i], tolerance)) return false;
+    if (!near(got[i], want[i], tolerance, depth + 1)) return false;
   }
   return true;
 }

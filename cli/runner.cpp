@@ -13,8 +13,8 @@
 #include "cli/expect.h"
 #include "cli/output_file.h"
 #include "cli/timeline.h"
-#include "sim/world.h"
 #include "render/render.h"
+#include "sim/world.h"
 
 namespace tessel::cli {
 

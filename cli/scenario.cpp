@@ -1,11 +1,17 @@
 #include "cli/scenario.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <set>
 
+#include <fmt/format.h>
+
+#include "cli/json_document.h"
 #include "cli/json_reader.h"
+#include "cli/limits.h"
+#include "sim/png_loader.h"
 
 namespace tessel::cli {
 
@@ -53,10 +59,13 @@ bool isPlainFileName(const std::string& name) {
   });
 }
 
-// A number, or a non-empty array of such (frames, lists of points).
-bool isNumeric(const nlohmann::json& value) {
+// A number, or a non-empty array of such (frames, lists of points), nested
+// no deeper than a document may be.
+bool isNumeric(const nlohmann::json& value, int depth = 0) {
   if (value.is_number()) return true;
-  return value.is_array() && !value.empty() && std::all_of(value.begin(), value.end(), isNumeric);
+  if (!value.is_array() || value.empty() || depth >= kMaxNesting) return false;
+  return std::all_of(value.begin(), value.end(),
+                     [&](const nlohmann::json& item) { return isNumeric(item, depth + 1); });
 }
 
 bool isHexColor(const std::string& text) {
@@ -81,15 +90,19 @@ class ScenarioParser {
       if (doc_.contains("settingsFile")) readSettingsFile(doc_["settingsFile"], world);
       if (doc_.contains("clock")) readClock(doc_["clock"], world);
       if (doc_.contains("wallpaper") && !doc_["wallpaper"].is_null()) {
-        world.wallpaperPath = existingFile(doc_["wallpaper"], "wallpaper");
+        world.wallpaperPath = pictureFile(doc_["wallpaper"], "wallpaper", "the default wallpaper");
       }
       if (doc_.contains("apps")) readApps(doc_["apps"], world);
       if (doc_.contains("home")) readHome(doc_["home"], world);
       if (doc_.contains("notifications")) readNotifications(doc_["notifications"], world);
       if (doc_.contains("events")) readEvents(doc_["events"], scenario);
     }
+    if (auto problem = pictureSizeProblem(scenario.world.screen, scenario.world.screen.scale)) {
+      in_.error("screen", *problem);
+    }
     ParseResult result;
     result.errors = errors_;
+    result.warnings = warnings_;
     if (errors_.empty()) result.scenario = std::move(scenario);
     return result;
   }
@@ -170,6 +183,23 @@ class ScenarioParser {
     return path.string();
   }
 
+  // A PNG named by the scenario: refused when its header claims too many
+  // pixels; when it cannot be read, a warning and `fallback` is drawn instead.
+  std::string pictureFile(const Json& value, const std::string& place, const std::string& fallback) {
+    std::string path = existingFile(value, place);
+    if (path.empty()) return {};
+    sim::PngLoad load = sim::loadPng(path);
+    if (load.tooLarge) {
+      in_.error(place, load.error);
+      return {};
+    }
+    if (!load.image) {
+      warnings_.push_back(place + ": " + load.error + "; drawing " + fallback + " instead");
+      return {};
+    }
+    return path;
+  }
+
   void readApps(const Json& value, sim::WorldConfig& world) {
     if (!value.is_object()) {
       in_.error("apps", "expected an object of bundle identifiers");
@@ -189,7 +219,7 @@ class ScenarioParser {
         }
       }
       if (item.contains("icon") && !item["icon"].is_null())
-        app.iconPath = existingFile(item["icon"], member(place, "icon"));
+        app.iconPath = pictureFile(item["icon"], member(place, "icon"), "a generated icon");
       world.apps[id] = app;
     }
   }
@@ -368,6 +398,11 @@ class ScenarioParser {
       in_.error("events", "expected an array of events");
       return;
     }
+    if (value.size() > kMaxEvents) {
+      in_.error("events", std::to_string(value.size()) + " events, more than the " + std::to_string(kMaxEvents) +
+                              " a scenario may have");
+      return;
+    }
     sim::WorldConfig::Settings settings = scenario.world.settings;
     for (std::size_t i = 0; i < value.size(); ++i) {
       Event event;
@@ -421,6 +456,12 @@ class ScenarioParser {
       auto name = in_.string(item["name"], member(place, "name"));
       if (name && !isPlainFileName(*name)) {
         in_.error(member(place, "name"), "expected a plain file name (letters, digits, '-', '_', '.')");
+      } else if (name && name->size() > kMaxOutputNameLength) {
+        in_.error(member(place, "name"), "a name of " + std::to_string(name->size()) + " characters, more than " +
+                                             std::to_string(kMaxOutputNameLength));
+      } else if (name && *name == kFinalDumpName) {
+        in_.error(member(place, "name"),
+                  std::string("\"") + kFinalDumpName + "\" is reserved for the state every run ends with");
       } else if (name) {
         event.name = *name;
       }
@@ -506,6 +547,12 @@ class ScenarioParser {
         if (fps && (*fps < 1 || *fps > 120)) in_.error(member(place, "fps"), "expected 1 to 120 frames a second");
         event.fps = fps.value_or(60);
       }
+      double frames = std::floor((event.until - event.at) * event.fps) + 1;
+      if (frames > kMaxRecordFrames) {
+        in_.error(member(place, "until"),
+                  fmt::format("a recording of {:.0f} frames ((until - at) x fps), more than the {:.0f} one may have",
+                              frames, kMaxRecordFrames));
+      }
     } else if (a == "expect") {
       readExpect(item, place, event);
     }
@@ -547,6 +594,7 @@ class ScenarioParser {
   const Json& doc_;
   std::string base_;
   std::vector<std::string> errors_;
+  std::vector<std::string> warnings_;
   JsonReader in_;
 };
 
@@ -557,11 +605,24 @@ ParseResult parseScenario(const Json& document, const std::string& baseDirectory
 }
 
 ParseResult parseScenarioText(const std::string& text, const std::string& baseDirectory) {
-  try {
-    return parseScenario(Json::parse(text), baseDirectory);
-  } catch (const Json::parse_error& e) {
-    return {std::nullopt, {std::string("scenario: not valid JSON: ") + e.what()}};
+  DocumentRead read = readJsonDocument(text);
+  if (!read.document) return {std::nullopt, {read.error}, {}};
+  return parseScenario(*read.document, baseDirectory);
+}
+
+std::optional<std::string> pictureSizeProblem(const sim::WorldConfig::Screen& screen, double scale) {
+  double width = std::round(screen.width * scale);
+  double height = std::round(screen.height * scale);
+  if (width < 1 || height < 1) {
+    return fmt::format("a picture of {:g} x {:g} points at scale {:g} is less than one pixel wide or high",
+                       screen.width, screen.height, scale);
   }
+  if (width * height > static_cast<double>(kMaxPicturePixels)) {
+    return fmt::format(
+        "a picture of {:g} x {:g} pixels (width x height x scale^2) is more than the {} pixels one may have", width,
+        height, kMaxPicturePixels);
+  }
+  return std::nullopt;
 }
 
 }  // namespace tessel::cli

@@ -51,9 +51,14 @@ struct Scenario {
 struct ParseResult {
   std::optional<Scenario> scenario;
   std::vector<std::string> errors;
+  std::vector<std::string> warnings;  // what is read anyway, differently ("wallpaper: ...")
 };
 
 ParseResult parseScenario(const Json& document, const std::string& baseDirectory);
 ParseResult parseScenarioText(const std::string& text, const std::string& baseDirectory);
+
+// Why pictures of `screen` at `scale` cannot be drawn (less than a pixel, or
+// more pixels than a picture may have), or nothing.
+std::optional<std::string> pictureSizeProblem(const sim::WorldConfig::Screen& screen, double scale);
 
 }  // namespace tessel::cli

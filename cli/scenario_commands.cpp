@@ -34,7 +34,16 @@ std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err)
   ParseResult result = parseScenarioText(text, base);
   std::string name = path == "-" ? "<stdin>" : path;
   for (const auto& problem : result.errors) err << name << ": " << problem << "\n";
+  for (const auto& warning : result.warnings) err << name << ": warning: " << warning << "\n";
   return result.scenario;
+}
+
+// A --scale that makes pictures of the scenario's screen impossible.
+bool scaleIsInvalid(const Scenario& scenario, std::optional<double> scale, std::ostream& err) {
+  if (!scale) return false;
+  auto problem = pictureSizeProblem(scenario.world.screen, *scale);
+  if (problem) err << "--scale: " << *problem << "\n";
+  return problem.has_value();
 }
 
 }  // namespace
@@ -42,7 +51,8 @@ std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err)
 int demoCommand(const std::string& outDirectory, std::optional<double> scale, std::ostream& out, std::ostream& err) {
   ParseResult result = parseScenarioText(std::string(demoScenarioText()), fs::current_path().string());
   for (const auto& problem : result.errors) err << "demo scenario: " << problem << "\n";
-  if (!result.scenario) return kExitInvalid;
+  for (const auto& warning : result.warnings) err << "demo scenario: warning: " << warning << "\n";
+  if (!result.scenario || scaleIsInvalid(*result.scenario, scale, err)) return kExitInvalid;
   RunOptions options{outDirectory, scale, true};
   out << "tessel-sim demo: playing the built-in scenario into " << outDirectory << "/\n";
   int status = runScenario(*result.scenario, options, out, err);
@@ -55,7 +65,7 @@ int demoCommand(const std::string& outDirectory, std::optional<double> scale, st
 int runCommand(const std::string& scenarioPath, const std::string& outDirectory, std::optional<double> scale,
                std::ostream& out, std::ostream& err) {
   auto scenario = loadScenario(scenarioPath, err);
-  if (!scenario) return kExitInvalid;
+  if (!scenario || scaleIsInvalid(*scenario, scale, err)) return kExitInvalid;
   RunOptions options{outDirectory, scale, false};
   return runScenario(*scenario, options, out, err);
 }

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 namespace tessel::sim {
@@ -66,6 +67,23 @@ bool decode(png_structp png, png_infop info, Decoding& d) {
   return true;
 }
 
+std::uint32_t bigEndian32(const std::uint8_t* bytes) {
+  return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 | bytes[3];
+}
+
+struct ClaimedSize {
+  std::uint64_t width = 0;
+  std::uint64_t height = 0;
+};
+
+// The size the header (the IHDR chunk right after the signature) claims, so
+// that an absurd one is refused before the decoder allocates for it.
+std::optional<ClaimedSize> claimedSize(const std::vector<std::uint8_t>& file) {
+  constexpr std::size_t kIhdrEnd = 8 + 8 + 8;  // signature, chunk length and type, width and height
+  if (file.size() < kIhdrEnd || std::memcmp(file.data() + 12, "IHDR", 4) != 0) return std::nullopt;
+  return ClaimedSize{bigEndian32(file.data() + 16), bigEndian32(file.data() + 20)};
+}
+
 }  // namespace
 
 PngLoad loadPng(const std::string& path) {
@@ -73,6 +91,13 @@ PngLoad loadPng(const std::string& path) {
   if (!in) return {nullptr, "cannot open " + path};
   std::vector<std::uint8_t> file((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   if (file.size() < 8 || png_sig_cmp(file.data(), 0, 8) != 0) return {nullptr, path + " is not a PNG file"};
+
+  if (auto size = claimedSize(file); size && size->width * size->height > kMaxPngPixels) {
+    return {nullptr,
+            path + ": the header claims " + std::to_string(size->width) + " x " + std::to_string(size->height) +
+                " pixels, more than the " + std::to_string(kMaxPngPixels) + " a picture may have",
+            true};
+  }
 
   Decoding d;
   d.file = &file;

@@ -149,5 +149,36 @@ TEST_F(PngLoader, BadFilesGiveAnErrorNamingThem) {
   }
 }
 
+// The signature and a header chunk claiming `width` x `height` RGBA pixels,
+// with no picture data after it.
+Bytes headerOnly(png_uint_32 width, png_uint_32 height) {
+  Bytes bytes = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
+  for (png_uint_32 value : {width, height}) {
+    for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(value >> shift));
+  }
+  for (std::uint8_t byte : {8, 6, 0, 0, 0, 0, 0, 0, 0}) bytes.push_back(byte);
+  return bytes;
+}
+
+TEST_F(PngLoader, AHugeClaimedSizeIsRefusedFromTheHeader) {
+  std::string path = (dir_ / "huge.png").string();
+  auto loadHeader = [&](png_uint_32 width, png_uint_32 height) {
+    Bytes bytes = headerOnly(width, height);
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    return loadPng(path);
+  };
+  auto huge = loadHeader(1'000'000, 1'000'000);
+  EXPECT_FALSE(huge.image);
+  EXPECT_TRUE(huge.tooLarge);
+  EXPECT_EQ(huge.error,
+            path + ": the header claims 1000000 x 1000000 pixels, more than the 64000000 a picture may have");
+
+  EXPECT_TRUE(loadHeader(8001, 8000).tooLarge);
+  auto atLimit = loadHeader(8000, 8000);
+  EXPECT_FALSE(atLimit.tooLarge) << "exactly the limit is allowed";
+  EXPECT_FALSE(atLimit.image) << "no picture data follows the header";
+  EXPECT_FALSE(atLimit.error.empty());
+}
+
 }  // namespace
 }  // namespace tessel::sim::testing
