@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "render/blur.h"
+#include "render/frost_cache.h"
+#include "render/surface.h"
 
 namespace tessel::render {
 namespace {
@@ -52,6 +54,32 @@ void tint(ReducedImage& image, const host::Color& colour) {
   }
 }
 
+// Blurs, tints and enlarges the key's reduced pixels to the shown part's
+// size.
+Surface enlargedCopy(const FrostKey& key) {
+  ReducedImage blurred = key.reduced;
+  blurReduced(blurred, key.plan);
+  tint(blurred, key.tint);
+  // A copy known to be opaque lets the compositor copy it instead of
+  // blending it, which for the dimming glass is the whole screen.
+  bool opaque =
+      std::all_of(blurred.pixels.begin(), blurred.pixels.end(), [](std::uint32_t p) { return (p >> 24) == 255u; });
+  Surface copy(
+      cairo_image_surface_create(opaque ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32, key.shownWidth, key.shownHeight));
+  Context cr(cairo_create(copy.get()));
+  setEnlargedSource(cr.get(), blurred, key.sampledX - key.shownX, key.sampledY - key.shownY);
+  cairo_set_operator(cr.get(), CAIRO_OPERATOR_SOURCE);
+  cairo_paint(cr.get());
+  return copy;
+}
+
+// Enough for every glass of one picture: the dimming glass, the panel's,
+// its arrow's and the dock's.
+FrostCache& frostCache() {
+  static FrostCache cache(8);
+  return cache;
+}
+
 }  // namespace
 
 Frost frostForBackdropStyle(std::int64_t style) {
@@ -85,15 +113,21 @@ void paintFrost(cairo_t* cr, LayerStack& layers, const host::Rect& rect, double 
   int margin = int(std::ceil(2 * sigma));
   DeviceBox sampled = intersect({shown.x0 - margin, shown.y0 - margin, shown.x1 + margin, shown.y1 + margin}, picture);
   PixelRect behind = layers.flattened(sampled.x0, sampled.y0, sampled.x1 - sampled.x0, sampled.y1 - sampled.y0);
-  ReducedImage blurred = reduceAndBlur(behind, plan);
-  tint(blurred, frost.tint);
+  FrostKey key{reduce(behind, plan), plan, frost.tint, sampled.x0, sampled.y0, shown.x0, shown.y0, shown.x1 - shown.x0,
+               shown.y1 - shown.y0};
+  cairo_surface_t* frosted = frostCache().find(key);
+  if (!frosted) {
+    Surface made = enlargedCopy(key);
+    frosted = frostCache().store(std::move(key), std::move(made));
+  }
 
   cairo_save(cr);
   cairo_rectangle(cr, rect.x, rect.y, rect.width, rect.height);
   cairo_clip(cr);
-  // The clip stays where it is; the blurred copy is placed in device pixels.
+  // The clip stays where it is; the frosted copy is placed in device pixels.
   cairo_identity_matrix(cr);
-  setEnlargedSource(cr, blurred, sampled.x0, sampled.y0);
+  cairo_set_source_surface(cr, frosted, shown.x0, shown.y0);
+  cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_NEAREST);
   cairo_paint_with_alpha(cr, opacity);
   cairo_restore(cr);
 }

@@ -29,38 +29,48 @@ Small downsample(const PixelRect& source, int factor) {
   out.height = (source.height + factor - 1) / factor;
   out.pixels.resize(std::size_t(out.width) * std::size_t(out.height));
   const int step = std::max(1, (factor + 1) / 3);
+  // Where each block's samples start across a row and how many it takes;
+  // the same for every row.
+  auto firstOf = [&](int start, int end) { return start + (end - start - 1) % step / 2; };
+  std::vector<int> firstX(std::size_t(out.width)), samplesX(std::size_t(out.width));
+  for (int bx = 0; bx < out.width; ++bx) {
+    int x0 = bx * factor;
+    int x1 = std::min(x0 + factor, source.width);
+    firstX[std::size_t(bx)] = firstOf(x0, x1);
+    samplesX[std::size_t(bx)] = (x1 - firstX[std::size_t(bx)] + step - 1) / step;
+  }
   std::vector<std::uint32_t> sums(std::size_t(out.width) * 4);
-  std::vector<std::uint32_t> counts(std::size_t(out.width));
   for (int by = 0; by < out.height; ++by) {
     std::fill(sums.begin(), sums.end(), 0u);
-    std::fill(counts.begin(), counts.end(), 0u);
     int y0 = by * factor;
     int y1 = std::min(y0 + factor, source.height);
-    for (int y = y0 + (y1 - y0 - 1) % step / 2; y < y1; y += step) {
+    std::uint32_t rows = 0;
+    for (int y = firstOf(y0, y1); y < y1; y += step, ++rows) {
       const std::uint32_t* row = source.pixels + std::size_t(y) * std::size_t(source.stride);
+      // Rows are read a few apart, too far for the hardware to guess the
+      // next one: ask for it while this one is summed.
+      const std::uint32_t* next = row + std::size_t(std::min(step, source.height - 1 - y)) * std::size_t(source.stride);
       std::uint32_t* sum = sums.data();
       for (int bx = 0; bx < out.width; ++bx, sum += 4) {
-        int x0 = bx * factor;
-        int x1 = std::min(x0 + factor, source.width);
+        const std::uint32_t* p = row + firstX[std::size_t(bx)];
+        __builtin_prefetch(next + firstX[std::size_t(bx)]);
         // Two channels per 32-bit word, 16 bits each: room for 257 pixels,
         // more than a block row ever holds.
-        std::uint32_t blueRed = 0, greenAlpha = 0, n = 0;
-        for (int x = x0 + (x1 - x0 - 1) % step / 2; x < x1; x += step, ++n) {
-          std::uint32_t p = row[x];
-          blueRed += p & 0x00FF00FFu;
-          greenAlpha += (p >> 8) & 0x00FF00FFu;
+        std::uint32_t blueRed = 0, greenAlpha = 0;
+        for (int n = samplesX[std::size_t(bx)]; n > 0; --n, p += step) {
+          blueRed += *p & 0x00FF00FFu;
+          greenAlpha += (*p >> 8) & 0x00FF00FFu;
         }
         sum[0] += blueRed & 0xFFFFu;
         sum[1] += greenAlpha & 0xFFFFu;
         sum[2] += blueRed >> 16;
         sum[3] += greenAlpha >> 16;
-        counts[std::size_t(bx)] += n;
       }
     }
     std::uint32_t* outRow = out.pixels.data() + std::size_t(by) * std::size_t(out.width);
     const std::uint32_t* sum = sums.data();
     for (int bx = 0; bx < out.width; ++bx, sum += 4) {
-      std::uint32_t count = counts[std::size_t(bx)];
+      std::uint32_t count = rows * std::uint32_t(samplesX[std::size_t(bx)]);
       std::uint32_t half = count / 2;
       outRow[bx] =
           pack((sum[0] + half) / count, (sum[1] + half) / count, (sum[2] + half) / count, (sum[3] + half) / count);
@@ -180,12 +190,22 @@ BlurPlan planBlur(double sigma) {
   return plan;
 }
 
-ReducedImage reduceAndBlur(const PixelRect& source, const BlurPlan& plan) {
+ReducedImage reduce(const PixelRect& source, const BlurPlan& plan) {
   ReducedImage reduced;
   if (source.width <= 0 || source.height <= 0 || !source.pixels) return reduced;
   // A block row must fit the 16-bit lanes of the sums in downsample.
   int factor = std::clamp(plan.factor, 1, 256);
   Small small = factor > 1 ? downsample(source, factor) : copyOf(source);
+  reduced.width = small.width;
+  reduced.height = small.height;
+  reduced.factor = factor;
+  reduced.pixels = std::move(small.pixels);
+  return reduced;
+}
+
+void blurReduced(ReducedImage& image, const BlurPlan& plan) {
+  if (image.width <= 0 || image.height <= 0) return;
+  Small small{image.width, image.height, std::move(image.pixels)};
   Small scratch{small.width, small.height, std::vector<std::uint32_t>(small.pixels.size())};
   for (int planned : plan.radii) {
     int radius = std::min(planned, kMaxRadius);
@@ -193,10 +213,12 @@ ReducedImage reduceAndBlur(const PixelRect& source, const BlurPlan& plan) {
     boxAlongRows(small, scratch, radius);
     boxAlongColumns(scratch, small, radius);
   }
-  reduced.width = small.width;
-  reduced.height = small.height;
-  reduced.factor = factor;
-  reduced.pixels = std::move(small.pixels);
+  image.pixels = std::move(small.pixels);
+}
+
+ReducedImage reduceAndBlur(const PixelRect& source, const BlurPlan& plan) {
+  ReducedImage reduced = reduce(source, plan);
+  blurReduced(reduced, plan);
   return reduced;
 }
 

@@ -40,6 +40,11 @@ struct ReducedImage {
 // their colour instead of fading.
 ReducedImage reduceAndBlur(const PixelRect& source, const BlurPlan& plan);
 
+// The two halves of reduceAndBlur: the reduced copy alone (what the blur
+// depends on, and so what a cached blur is keyed on), then its blur.
+ReducedImage reduce(const PixelRect& source, const BlurPlan& plan);
+void blurReduced(ReducedImage& image, const BlurPlan& plan);
+
 // Makes `image`, enlarged back with bilinear filtering, the source of `cr`,
 // with its top-left corner at device pixel (x, y). The image must outlive
 // the source.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace tessel::render {
@@ -27,41 +28,75 @@ Surface surfaceFromPicture(const Picture& picture) {
   return surface;
 }
 
+namespace {
+
+// Four pixels at a time: the conversion of an opaque screen is a shuffle
+// of bytes, and doing it lane by lane is what kept it from being cheap.
+using Lanes = std::uint32_t __attribute__((vector_size(16)));
+constexpr int kLanes = 4;
+
+// Turns a row of ARGB words into words holding red, green, blue and alpha
+// from their lowest byte up, stored through memcpy so that `out` may be
+// any bytes, and says whether every pixel was opaque.
+bool swapRedAndBlue(const std::uint32_t* in, void* out, int width) {
+  auto* bytes = static_cast<std::uint8_t*>(out);
+  Lanes opaque = {0xFF000000u, 0xFF000000u, 0xFF000000u, 0xFF000000u};
+  int x = 0;
+  for (; x + kLanes <= width; x += kLanes) {
+    Lanes p;
+    std::memcpy(&p, in + x, sizeof p);
+    opaque &= p;
+    Lanes q = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
+    std::memcpy(bytes + std::size_t(x) * 4, &q, sizeof q);
+  }
+  std::uint32_t all = opaque[0] & opaque[1] & opaque[2] & opaque[3];
+  for (; x < width; ++x) {
+    std::uint32_t p = in[x];
+    all &= p;
+    std::uint32_t q = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
+    std::memcpy(bytes + std::size_t(x) * 4, &q, sizeof q);
+  }
+  return all == 0xFF000000u;
+}
+
+// Undoes premultiplication for the translucent pixels of a converted row.
+void straighten(const std::uint32_t* in, void* out, int width) {
+  auto* bytes = static_cast<std::uint8_t*>(out);
+  for (int x = 0; x < width; ++x) {
+    std::uint32_t a = in[x] >> 24;
+    if (a == 255) continue;
+    auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
+    std::uint32_t p;
+    std::memcpy(&p, bytes + std::size_t(x) * 4, sizeof p);
+    p = straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24;
+    std::memcpy(bytes + std::size_t(x) * 4, &p, sizeof p);
+  }
+}
+
+}  // namespace
+
 Picture pictureFromSurface(cairo_surface_t* surface) {
   PixelRect pixels = pixelsOf(surface);
   Picture picture;
   picture.width = pixels.width;
   picture.height = pixels.height;
-  // Filled row by row without zeroing first: a 3× screen is 12 MB.
-  picture.rgba.reserve(std::size_t(pixels.width) * std::size_t(pixels.height) * 4);
-  std::vector<std::uint32_t> row(std::size_t(pixels.width));
+  // Sized at once and written in place: appending row by row costs more
+  // than zeroing a 3× screen's 12 MB first.
+  picture.rgba.resize(std::size_t(pixels.width) * std::size_t(pixels.height) * 4);
+  std::vector<std::uint32_t> row;
+  std::uint8_t* out = picture.rgba.data();
   for (int y = 0; y < pixels.height; ++y) {
     const std::uint32_t* in = pixels.pixels + std::size_t(y) * std::size_t(pixels.stride);
     // Screens are opaque almost everywhere: such a row only swaps red and
     // blue; only translucent pixels divide.
-    std::uint32_t opaque = 0xFF000000u;
-    for (int x = 0; x < pixels.width; ++x) {
-      std::uint32_t p = in[x];
-      opaque &= p;
-      row[std::size_t(x)] = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
-    }
-    if (opaque != 0xFF000000u) {
-      for (int x = 0; x < pixels.width; ++x) {
-        std::uint32_t a = in[x] >> 24;
-        if (a == 255) continue;
-        auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
-        std::uint32_t p = row[std::size_t(x)];
-        row[std::size_t(x)] =
-            straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24;
-      }
-    }
-    // Each word holds red, green, blue and alpha from its lowest byte up.
     if constexpr (std::endian::native == std::endian::little) {
-      const auto* bytes = reinterpret_cast<const std::uint8_t*>(row.data());
-      picture.rgba.insert(picture.rgba.end(), bytes, bytes + std::size_t(pixels.width) * 4);
+      if (!swapRedAndBlue(in, out, pixels.width)) straighten(in, out, pixels.width);
+      out += std::size_t(pixels.width) * 4;
     } else {
+      row.resize(std::size_t(pixels.width));
+      if (!swapRedAndBlue(in, row.data(), pixels.width)) straighten(in, row.data(), pixels.width);
       for (std::uint32_t p : row)
-        for (int c = 0; c < 4; ++c) picture.rgba.push_back(std::uint8_t(p >> (8 * c)));
+        for (int c = 0; c < 4; ++c) *out++ = std::uint8_t(p >> (8 * c));
     }
   }
   return picture;
