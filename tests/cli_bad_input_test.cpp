@@ -13,28 +13,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tool_run.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-struct Outcome {
-  int status = -1;
-  std::string output;  // standard output and error together
-};
-
-Outcome run(const std::string& arguments) {
-  std::string command = std::string(TESSEL_SIM_EXE) + " " + arguments + " 2>&1";
-  Outcome outcome;
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return outcome;
-  char buffer[4096];
-  while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) outcome.output.append(buffer, n);
-  int raw = pclose(pipe);
-  outcome.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  return outcome;
-}
+using tessel::testing::Outcome;
+Outcome run(const std::string& arguments) { return tessel::testing::runTool(arguments); }
 
 std::string repeat(const std::string& text, std::size_t times) {
   std::string result;
