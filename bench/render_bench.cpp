@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "full_phone.h"
 #include "render/blur.h"
 #include "render/render.h"
 #include "sim/world.h"
@@ -12,23 +13,8 @@
 namespace tessel::render {
 namespace {
 
-// A full page of icons (six rows of four), a dock of four and the dark
-// panel open on an application with three notifications: two blurs, the
-// arrow and a table, on a 390 × 844 screen.
-sim::WorldConfig openPanelPhone() {
-  sim::WorldConfig c;
-  c.screen = {390, 844, 3};
-  std::vector<std::string> page;
-  for (int i = 0; i < 24; ++i) page.push_back("com.example.app" + std::to_string(i));
-  c.pages = {page};
-  c.dock = {"com.example.phone", "com.example.browser", "com.example.chat", "com.example.music"};
-  double now = c.clockEpoch;
-  c.notifications = {{page[5],
-                      {{"Ana Ruiz", "Lunch at one? The new place on Elm Street.", now - 45},
-                       {"Build server", "Nightly build passed (412 tests).", now - 1500},
-                       {"Jonas", "Slides for Monday are in the shared folder.", now - 10800}}}};
-  return c;
-}
+// The dark panel open on the full phone: two blurs, the arrow and a table.
+sim::WorldConfig openPanelPhone() { return bench::fullPhone(); }
 
 void BM_OpenPanelFrame(benchmark::State& state) {
   sim::World world(openPanelPhone());
