@@ -12,7 +12,10 @@
 
 #include "cli/expect.h"
 #include "cli/output_file.h"
+#include "cli/progress.h"
+#include "cli/stop_signal.h"
 #include "cli/timeline.h"
+#include "render/atomic_file.h"
 #include "render/render.h"
 #include "sim/world.h"
 
@@ -63,31 +66,73 @@ class Run {
       err_ << "cannot make a scratch directory for the phone's files\n";
       return kExitInvalid;
     }
+    // The trace and the timeline are written as the run goes, and appear
+    // only when it has ended.
+    render::AtomicFile traceFile(outPath("trace.jsonl"));
+    render::AtomicFile timelineFile(outPath("timeline.json"));
+    for (const auto* file : {&traceFile, &timelineFile}) {
+      if (!file->file()) {
+        err_ << file->error() << "\n";
+        return kExitInvalid;
+      }
+    }
+    TimelineFile timeline(timelineFile.file());
+
     sim::WorldConfig config = scenario_.world;
     config.fileSystemRoot = phone.path();
     sim::World world(config);
     world_ = &world;
+    world.streamTrace([&](const json& line) {
+      std::string text = line.dump();
+      text += '\n';
+      std::fwrite(text.data(), 1, text.size(), traceFile.file());
+      timeline.traceLine(line);
+    });
 
     double end = 0;
     for (const Event& event : scenario_.events) {
       advanceTo(event.at);
+      if (stopped()) return stop();
       perform(event);
       end = std::max({end, event.at, event.action == "record" ? event.until : 0.0});
       if (failedToWrite_) return kExitInvalid;
+      ++done_;
+      showProgress();
     }
     advanceTo(end + kSettleTime);
+    if (stopped()) return stop();
     finishRecordings();
+    progress_.finish(done_, world.time(), pictures_);
     json finalState = world.dump();
+    world.streamTrace({});
     write("final.state.json", finalState.dump(2) + "\n");
-    std::string trace;
-    for (const auto& line : world.trace()) trace += line.dump() + "\n";
-    write("trace.jsonl", trace);
-    write("timeline.json", makeTimeline(finalState, world.trace()).dump() + "\n");
+    timeline.finish(finalState);
+    std::string error;
+    if (!traceFile.commit(error) || !timelineFile.commit(error)) {
+      err_ << error << "\n";
+      failedToWrite_ = true;
+    }
     if (failedToWrite_) return kExitInvalid;
     return expectationsFailed_ ? kExitExpectFailed : kExitOk;
   }
 
  private:
+  std::string outPath(const std::string& name) const { return (fs::path(options_.outDirectory) / name).string(); }
+
+  bool stopped() const { return stopSignal() != 0; }
+
+  void showProgress() { progress_.update(done_, world_->time(), pictures_); }
+
+  // What a stop leaves: the files finished so far, nothing half written.
+  int stop() {
+    world_->streamTrace({});
+    err_ << fmt::format(
+        "tessel-sim: stopped by signal {} after {} of {} events at simulated t={}; the files written "
+        "so far are complete, the trace, timeline and final state were not written\n",
+        stopSignal(), done_, scenario_.events.size(), world_->time());
+    return 128 + stopSignal();
+  }
+
   double pictureScale() const { return options_.scale.value_or(scenario_.world.screen.scale); }
 
   // Moves the clock forward, taking the frames of running recordings on the way.
@@ -97,14 +142,16 @@ class Run {
       for (auto& recording : recordings_) {
         if (recording.nextFrame <= t + 1e-9 && (!next || recording.nextFrame < next->nextFrame)) next = &recording;
       }
-      if (!next) break;
+      if (!next || stopped()) break;
       world_->advanceTo(std::max(world_->time(), next->nextFrame));
       next->animation->addFrame(render::renderWorld(*world_, pictureScale()));
+      showProgress();
       ++next->frame;
       next->nextFrame = next->start + next->frame / next->fps;
       if (next->nextFrame > next->until + 1e-9) finishRecording(*next);
       recordings_.remove_if([](const Recording& r) { return r.done; });
     }
+    if (stopped()) return;
     // Blocks queued by an earlier event of the same instant run first.
     world_->advanceTo(std::max(t, world_->time()));
   }
@@ -243,6 +290,8 @@ class Run {
   bool expectationsFailed_ = false;
   bool failedToWrite_ = false;
   int pictures_ = 0;
+  std::size_t done_ = 0;
+  Progress progress_{err_, scenario_.events.size()};
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/demo_scenario.h"
 #include "cli/runner.h"
+#include "cli/stop_signal.h"
 
 namespace tessel::cli {
 
@@ -54,6 +55,7 @@ int demoCommand(const std::string& outDirectory, std::optional<double> scale, st
   for (const auto& warning : result.warnings) err << "demo scenario: warning: " << warning << "\n";
   if (!result.scenario || scaleIsInvalid(*result.scenario, scale, err)) return kExitInvalid;
   RunOptions options{outDirectory, scale, true};
+  catchStopSignals();
   out << "tessel-sim demo: playing the built-in scenario into " << outDirectory << "/\n";
   int status = runScenario(*result.scenario, options, out, err);
   if (status != kExitInvalid) {
@@ -67,6 +69,7 @@ int runCommand(const std::string& scenarioPath, const std::string& outDirectory,
   auto scenario = loadScenario(scenarioPath, err);
   if (!scenario || scaleIsInvalid(*scenario, scale, err)) return kExitInvalid;
   RunOptions options{outDirectory, scale, false};
+  catchStopSignals();
   return runScenario(*scenario, options, out, err);
 }
 

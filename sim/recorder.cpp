@@ -7,7 +7,18 @@ using nlohmann::json;
 void Recorder::line(std::string_view kind, json fields) {
   json entry = {{"t", clock_.now}, {"kind", kind}};
   for (auto& [key, value] : fields.items()) entry[key] = std::move(value);
-  trace_.push_back(std::move(entry));
+  if (traceSink_)
+    traceSink_(entry);
+  else
+    trace_.push_back(std::move(entry));
+}
+
+void Recorder::streamTrace(std::function<void(const json&)> sink) {
+  traceSink_ = std::move(sink);
+  if (!traceSink_) return;
+  for (const auto& kept : trace_) traceSink_(kept);
+  trace_.clear();
+  trace_.shrink_to_fit();
 }
 
 void Recorder::event(std::string_view what, json fields) {

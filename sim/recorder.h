@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,9 @@ class Recorder {
   void alert(const nlohmann::json& alert) { alerts_.push_back(alert); }
   void bundleLoaded(const std::string& path) { bundlesLoaded_.push_back(path); }
 
+  // From now on each trace line goes to `sink` as it is made instead of
+  // being kept; the lines kept so far go first.
+  void streamTrace(std::function<void(const nlohmann::json&)> sink);
   const std::vector<nlohmann::json>& trace() const { return trace_; }
   const std::vector<nlohmann::json>& hostCalls() const { return hostCalls_; }
   const std::vector<std::string>& launches() const { return launches_; }
@@ -38,6 +42,7 @@ class Recorder {
 
   const VirtualClock& clock_;
   std::vector<nlohmann::json> trace_;
+  std::function<void(const nlohmann::json&)> traceSink_;
   std::vector<nlohmann::json> hostCalls_;
   std::vector<std::string> launches_;
   std::vector<nlohmann::json> alerts_;

@@ -264,4 +264,8 @@ json World::dump() const { return stateDump(*state_->host, state_->library.get()
 
 const std::vector<json>& World::trace() const { return state_->host->recorder().trace(); }
 
+void World::streamTrace(std::function<void(const json&)> sink) {
+  state_->host->recorder().streamTrace(std::move(sink));
+}
+
 }  // namespace tessel::sim

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,6 +68,9 @@ class World {
   // Every host call, hook, dispatch, animation and event so far, one JSON
   // object per line of trace.jsonl, in order.
   const std::vector<nlohmann::json>& trace() const;
+  // Sends the trace to `sink` line by line as it happens, so that a long run
+  // need not keep it; trace() then holds nothing.
+  void streamTrace(std::function<void(const nlohmann::json&)> sink);
 
  private:
   struct State;

@@ -176,6 +176,25 @@ TEST_F(RenderFiles, AnimationFrameDurationsAddUpAtUnevenRates) {
   EXPECT_EQ(total, 200);
 }
 
+TEST_F(RenderFiles, AnimationShowsAStillStretchAsOnePictureHeldLonger) {
+  Animation animation(8, 8, 30);
+  Picture still = gradient(8, 8);
+  Picture moved = gradient(8, 8);
+  moved.rgba[5] ^= 0xFF;
+  for (const Picture* frame : {&still, &still, &still, &moved, &still}) animation.addFrame(*frame);
+  EXPECT_EQ(animation.frames(), 5);
+  std::string error;
+  fs::path path = dir_ / "still.webp";
+  ASSERT_TRUE(animation.write(path.string(), error)) << error;
+  int loops = -1;
+  auto frames = webpFrames(bytesOf(path), loops);
+  ASSERT_EQ(frames.size(), 3u);
+  EXPECT_EQ(frames[0].duration, 100);
+  EXPECT_EQ(frames[1].duration, 33);
+  EXPECT_EQ(frames[2].duration, 34);
+  for (const auto& frame : frames) EXPECT_EQ(std::pair(frame.width, frame.height), std::pair(8, 8));
+}
+
 TEST_F(RenderFiles, AnimationRefusesFramesOfAnotherSizeAndEmptyAnimations) {
   std::string error;
   Animation empty(10, 10, 30);

@@ -14,8 +14,11 @@ struct Outcome {
   std::string output;  // standard output and error together
 };
 
-inline Outcome runTool(const std::string& arguments) {
-  std::string command = std::string(TESSEL_SIM_EXE) + " " + arguments + " 2>&1";
+// Runs a shell command line; `TOOL` in it stands for the built tessel-sim.
+inline Outcome runCommandLine(std::string commandLine) {
+  for (auto at = commandLine.find("TOOL"); at != std::string::npos; at = commandLine.find("TOOL"))
+    commandLine.replace(at, 4, TESSEL_SIM_EXE);
+  std::string command = commandLine + " 2>&1";
   Outcome outcome;
   FILE* pipe = popen(command.c_str(), "r");
   if (!pipe) return outcome;
@@ -25,5 +28,7 @@ inline Outcome runTool(const std::string& arguments) {
   outcome.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
   return outcome;
 }
+
+inline Outcome runTool(const std::string& arguments) { return runCommandLine("TOOL " + arguments); }
 
 }  // namespace tessel::testing
