@@ -6,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/runner.h"
+#include "cli/soak.h"
 
 int main(int argc, char** argv) {
   using namespace tessel::cli;
@@ -38,6 +39,16 @@ int main(int argc, char** argv) {
   color->add_option("image", imagePath, "PNG image")->required()->check(CLI::ExistingFile);
   color->add_flag("--json", json, "Print {\"averageColor\": [r, g, b, a], \"mergedColor\": [r, g, b, a]}");
 
+  SoakOptions soakOptions;
+  auto* soak = app.add_subcommand(
+      "soak", "Play random phones and random events, checking that every closing leaves no panel and no dimmed icon");
+  soak->add_option("--scenarios", soakOptions.scenarios, "How many random phones")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 10000000));
+  soak->add_option("--seed", soakOptions.firstSeed, "Seed of the first phone; the next ones count up")
+      ->capture_default_str();
+  soak->add_flag("--trace", soakOptions.trace, "Print every event on standard error");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
@@ -50,6 +61,7 @@ int main(int argc, char** argv) {
     if (*run) return runCommand(scenarioPath, outDirectory, scale, std::cout, std::cerr);
     if (*check) return checkCommand(scenarioPath, std::cout, std::cerr);
     if (*color) return colorCommand(imagePath, json, std::cout, std::cerr);
+    if (*soak) return soakCommand(soakOptions, std::cout, std::cerr);
   } catch (const std::exception& e) {
     std::cerr << "tessel-sim: " << e.what() << "\n";
     return kExitInvalid;
