@@ -15,6 +15,21 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// A file wrong in every one of its thousand events would bury the first
+// problems, which are the ones to fix first.
+constexpr std::size_t kProblemsShown = 50;
+
+void printProblems(const ParseResult& result, const std::string& name, std::ostream& err) {
+  for (std::size_t i = 0; i < result.errors.size() && i < kProblemsShown; ++i)
+    err << name << ": " << result.errors[i] << "\n";
+  if (result.errors.size() > kProblemsShown)
+    err << name << ": ... and " << result.errors.size() - kProblemsShown << " more problems\n";
+  for (std::size_t i = 0; i < result.warnings.size() && i < kProblemsShown; ++i)
+    err << name << ": warning: " << result.warnings[i] << "\n";
+  if (result.warnings.size() > kProblemsShown)
+    err << name << ": ... and " << result.warnings.size() - kProblemsShown << " more warnings\n";
+}
+
 // Reads a scenario from a file ("-": standard input) and checks it; prints
 // every problem and answers nothing when it is invalid.
 std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err) {
@@ -33,9 +48,7 @@ std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err)
     base = fs::absolute(path).parent_path().string();
   }
   ParseResult result = parseScenarioText(text, base);
-  std::string name = path == "-" ? "<stdin>" : path;
-  for (const auto& problem : result.errors) err << name << ": " << problem << "\n";
-  for (const auto& warning : result.warnings) err << name << ": warning: " << warning << "\n";
+  printProblems(result, path == "-" ? "<stdin>" : path, err);
   return result.scenario;
 }
 
@@ -51,8 +64,7 @@ bool scaleIsInvalid(const Scenario& scenario, std::optional<double> scale, std::
 
 int demoCommand(const std::string& outDirectory, std::optional<double> scale, std::ostream& out, std::ostream& err) {
   ParseResult result = parseScenarioText(std::string(demoScenarioText()), fs::current_path().string());
-  for (const auto& problem : result.errors) err << "demo scenario: " << problem << "\n";
-  for (const auto& warning : result.warnings) err << "demo scenario: warning: " << warning << "\n";
+  printProblems(result, "demo scenario", err);
   if (!result.scenario || scaleIsInvalid(*result.scenario, scale, err)) return kExitInvalid;
   RunOptions options{outDirectory, scale, true};
   catchStopSignals();

@@ -107,6 +107,14 @@ TEST_F(BadInput, TooManyEventsAreRefused) {
                 "events: 100001 events, more than the 100000 a scenario may have");
 }
 
+TEST_F(BadInput, AThousandWrongEventsShowTheFirstFiftyProblemsAndCountTheRest) {
+  std::string events = repeat(R"({"do": "fly"},)", 999) + R"({"do": "fly"})";
+  expectRefused(R"({"events": [)" + events + "]}", ": ... and 950 more problems");
+  Outcome checked = run("check " + path("s.json"));
+  EXPECT_THAT(checked.output, HasSubstr("events[49].do"));
+  EXPECT_THAT(checked.output, Not(HasSubstr("events[50].do")));
+}
+
 TEST_F(BadInput, EndlessRecordingIsRefusedBeforeItStarts) {
   expectRefused(R"({"events": [{"at": 0, "do": "record", "name": "r", "until": 1e9, "fps": 120}]})",
                 "events[0].until: a recording of 120000000001 frames ((until - at) x fps), more than the 10000");
