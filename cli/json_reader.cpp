@@ -144,7 +144,9 @@ std::optional<double> parseIsoTime(const std::string& text) {
       6) {
     return std::nullopt;
   }
-  if (month < 1 || month > 12 || day < 1 || day > 31 || hour > 23 || minute > 59 || second < 0 || second >= 61) {
+  // Written so that a NaN, which sscanf takes for "nan", is refused too.
+  if (month < 1 || month > 12 || day < 1 || day > 31 || hour < 0 || hour > 23 || minute < 0 || minute > 59 ||
+      !(second >= 0 && second < 61)) {
     return std::nullopt;
   }
   std::string zone = text.substr(static_cast<std::size_t>(consumed));
@@ -156,7 +158,8 @@ std::optional<double> parseIsoTime(const std::string& text) {
     char sign = 0;
     int zoneConsumed = 0;
     if (std::sscanf(zone.c_str(), "%c%2d:%2d%n", &sign, &zoneHour, &zoneMinute, &zoneConsumed) != 3 ||
-        static_cast<std::size_t>(zoneConsumed) != zone.size() || (sign != '+' && sign != '-')) {
+        static_cast<std::size_t>(zoneConsumed) != zone.size() || (sign != '+' && sign != '-') || zoneHour < 0 ||
+        zoneHour > 23 || zoneMinute < 0 || zoneMinute > 59) {
       return std::nullopt;
     }
     offset = (zoneHour * 3600.0 + zoneMinute * 60.0) * (sign == '+' ? 1 : -1);

@@ -42,50 +42,47 @@ void Timeline::traceLine(const json& line) {
          {"args", line}});
 }
 
-void Timeline::animations(const json& dump) {
-  auto found = dump.find("animations");
-  if (found == dump.end() || !found->is_array()) return;
-  for (const auto& animation : *found) {
-    std::string target = animation.value("target", "?");
-    std::string property = animation.value("property", "?");
-    double start = animation.value("start", 0.0);
-    double duration = animation.value("duration", 0.0);
-    std::string key = target + " " + property;
-    // Each track remembers when its last animation ends, so that an animation
-    // that starts before then goes to a further track of the same name.
-    auto& lanes = tracks_[key];
-    Track* lane = nullptr;
-    for (auto& candidate : lanes) {
-      if (candidate.end <= start + 1e-12) {
-        lane = &candidate;
-        break;
-      }
+void Timeline::animation(const json& animation) {
+  std::string target = animation.value("target", "?");
+  std::string property = animation.value("property", "?");
+  double start = animation.value("start", 0.0);
+  double duration = animation.value("duration", 0.0);
+  std::string key = target + " " + property;
+  // Each track remembers when its last animation ends, so that an animation
+  // that starts before then goes to a further track of the same name.
+  auto& lanes = tracks_[key];
+  Track* lane = nullptr;
+  for (auto& candidate : lanes) {
+    if (candidate.end <= start + 1e-12) {
+      lane = &candidate;
+      break;
     }
-    if (!lane) {
-      lanes.push_back({nextTid_++, 0});
-      lane = &lanes.back();
-      nameTrack(lane->tid, lanes.size() == 1 ? key : key + " #" + std::to_string(lanes.size()));
-    }
-    lane->end = start + duration;
-    json args = {{"from", animation.value("from", json())},
-                 {"to", animation.value("to", json())},
-                 {"group", animation.value("group", json())},
-                 {"finished", animation.value("finished", json())}};
-    emit_({{"ph", "X"},
-           {"name", property},
-           {"cat", "animation"},
-           {"pid", kProcess},
-           {"tid", lane->tid},
-           {"ts", micros(start)},
-           {"dur", micros(duration)},
-           {"args", args}});
   }
+  if (!lane) {
+    lanes.push_back({nextTid_++, 0});
+    lane = &lanes.back();
+    nameTrack(lane->tid, lanes.size() == 1 ? key : key + " #" + std::to_string(lanes.size()));
+  }
+  lane->end = start + duration;
+  json args = {{"from", animation.value("from", json())},
+               {"to", animation.value("to", json())},
+               {"group", animation.value("group", json())},
+               {"finished", animation.value("finished", json())}};
+  emit_({{"ph", "X"},
+         {"name", property},
+         {"cat", "animation"},
+         {"pid", kProcess},
+         {"tid", lane->tid},
+         {"ts", micros(start)},
+         {"dur", micros(duration)},
+         {"args", args}});
 }
 
 json makeTimeline(const json& dump, const std::vector<json>& trace) {
   json events = json::array();
   Timeline timeline([&events](const json& piece) { events.push_back(piece); });
-  timeline.animations(dump);
+  if (auto found = dump.find("animations"); found != dump.end() && found->is_array())
+    for (const auto& animation : *found) timeline.animation(animation);
   for (const auto& line : trace) timeline.traceLine(line);
   return {{"traceEvents", events}, {"displayTimeUnit", "ms"}};
 }
@@ -100,8 +97,7 @@ void TimelineFile::write(const json& piece) {
   std::fwrite(text.data(), 1, text.size(), file_);
 }
 
-void TimelineFile::finish(const json& dump) {
-  timeline_.animations(dump);
+void TimelineFile::finish() {
   std::fputs("]}\n", file_);
 }
 

@@ -22,8 +22,8 @@ class Timeline {
   explicit Timeline(Emit emit);
   // A mark for a trace line that is an event; other lines are not shown.
   void traceLine(const nlohmann::json& line);
-  // The animations of the final dump, each with its track.
-  void animations(const nlohmann::json& dump);
+  // One animation of the final dump, on its track.
+  void animation(const nlohmann::json& record);
 
  private:
   struct Track {
@@ -46,7 +46,8 @@ class TimelineFile {
  public:
   explicit TimelineFile(std::FILE* file);
   void traceLine(const nlohmann::json& line) { timeline_.traceLine(line); }
-  void finish(const nlohmann::json& dump);
+  void animation(const nlohmann::json& record) { timeline_.animation(record); }
+  void finish();
 
  private:
   void write(const nlohmann::json& piece);

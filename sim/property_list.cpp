@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace tessel::sim {
@@ -51,6 +52,24 @@ std::shared_ptr<host::Value> valueOf(plist_t node) {
   }
 }
 
+// A dictionary item's key. libplist's own key reader stops the process with
+// an assertion on a key that holds a NUL (a binary file's UTF-16 key may), so
+// the key is written out as a string of its own and read back: like every
+// other key, it then ends at its first NUL.
+std::optional<std::string> keyOf(plist_t item) {
+  char* bytes = nullptr;
+  std::uint32_t size = 0;
+  plist_to_bin(plist_dict_item_get_key(item), &bytes, &size);
+  if (!bytes) return std::nullopt;
+  PlistTree key;
+  plist_from_bin(bytes, size, &key.node);
+  plist_to_bin_free(bytes);
+  std::uint64_t length = 0;
+  const char* text = key.node ? plist_get_string_ptr(key.node, &length) : nullptr;
+  if (!text) return std::nullopt;
+  return std::string(text, length);
+}
+
 }  // namespace
 
 std::shared_ptr<SimDictionary> readDictionaryFile(const std::string& path) {
@@ -67,17 +86,10 @@ std::shared_ptr<SimDictionary> readDictionaryFile(const std::string& path) {
   plist_dict_new_iter(tree.node, &it);
   if (!it) return dictionary;
   for (;;) {
-    char* key = nullptr;
     plist_t item = nullptr;
-    plist_dict_next_item(tree.node, it, &key, &item);
-    if (!item) {
-      if (key) free(key);
-      break;
-    }
-    if (key) {
-      dictionary->set(key, valueOf(item));
-      free(key);
-    }
+    plist_dict_next_item(tree.node, it, nullptr, &item);
+    if (!item) break;
+    if (auto key = keyOf(item)) dictionary->set(std::move(*key), valueOf(item));
   }
   free(it);
   return dictionary;

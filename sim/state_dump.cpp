@@ -157,7 +157,7 @@ json describeHome(const HomeScreen* home) {
 
 }  // namespace
 
-json stateDump(SimHost& host, const Library* library) {
+json stateDumpWithoutAnimations(SimHost& host, const Library* library) {
   const auto& config = host.config();
   // The controller is made on first use, so there may be none yet.
   const TesselNotificationController* controller = library ? library->controller() : nullptr;
@@ -178,8 +178,6 @@ json stateDump(SimHost& host, const Library* library) {
     for (const auto& view : controller->iconsToMoveUp()) views.named(view);
   }
 
-  json animations = json::array();
-  for (const auto& record : host.simAnimator().records()) animations.push_back(record->toJson());
   json keyboard = json::array();
   for (const auto& name : host.notificationCenter().observedNames()) {
     if (name.rfind("UIKeyboard", 0) == 0) keyboard.push_back(name);
@@ -195,13 +193,23 @@ json stateDump(SimHost& host, const Library* library) {
       {"views", views.result()},
       {"panel", describePanel(controller)},
       {"home", describeHome(host.homeScreen())},
-      {"animations", animations},
       {"alerts", recorder.alerts()},
       {"launched", recorder.launches()},
       {"observers", {{"keyboard", keyboard}, {"darwin", host.darwinCenter().observedNames()}}},
       {"hooks", recorder.hooks()},
       {"bundlesLoaded", recorder.bundlesLoaded()},
       {"hostCalls", recorder.hostCalls()}};
+}
+
+void forEachAnimation(const SimHost& host, const std::function<void(const json&)>& visit) {
+  for (const auto& record : host.simAnimator().records()) visit(record->toJson());
+}
+
+json stateDump(SimHost& host, const Library* library) {
+  json dump = stateDumpWithoutAnimations(host, library);
+  json& animations = dump["animations"] = json::array();
+  forEachAnimation(host, [&](const json& record) { animations.push_back(record); });
+  return dump;
 }
 
 }  // namespace tessel::sim

@@ -262,6 +262,12 @@ void World::settings(const WorldConfig::Settings& settings) {
 
 json World::dump() const { return stateDump(*state_->host, state_->library.get()); }
 
+json World::dumpWithoutAnimations() const { return stateDumpWithoutAnimations(*state_->host, state_->library.get()); }
+
+void World::forEachAnimation(const std::function<void(const json&)>& visit) const {
+  sim::forEachAnimation(*state_->host, visit);
+}
+
 const std::vector<json>& World::trace() const { return state_->host->recorder().trace(); }
 
 void World::streamTrace(std::function<void(const json&)> sink) {

@@ -65,6 +65,10 @@ class World {
 
   // The state dump of the public scenario contract, at the current time.
   nlohmann::json dump() const;
+  // The dump without its animations, and the animations one at a time: a
+  // long run's animations are too many to hold as one document.
+  nlohmann::json dumpWithoutAnimations() const;
+  void forEachAnimation(const std::function<void(const nlohmann::json&)>& visit) const;
   // Every host call, hook, dispatch, animation and event so far, one JSON
   // object per line of trace.jsonl, in order.
   const std::vector<nlohmann::json>& trace() const;
