@@ -81,6 +81,7 @@ class Run {
 
     sim::WorldConfig config = scenario_.world;
     config.fileSystemRoot = phone.path();
+    config.keepEndedAnimationsOnDisk = true;
     sim::World world(config);
     world_ = &world;
     world.streamTrace([&](const json& line) {

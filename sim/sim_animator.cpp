@@ -1,5 +1,7 @@
 #include "sim/sim_animator.h"
 
+#include <algorithm>
+
 #include "sim/recorder.h"
 #include "sim/sim_main_queue.h"
 #include "sim/sim_view.h"
@@ -7,6 +9,7 @@
 namespace tessel::sim {
 
 void SimAnimator::animateWithDuration(double duration, host::Block animations, host::Completion completion) {
+  moveEndedToDisk();
   auto group = std::make_shared<AnimationGroup>();
   group->id = ++lastGroup_;
   group->start = clock_.now;
@@ -103,6 +106,25 @@ void SimAnimator::complete(const std::shared_ptr<AnimationGroup>& group, bool fi
   } else {
     queue_.schedule(clock_.now, [completion = std::move(completion)] { completion(false); });
   }
+}
+
+void SimAnimator::keepEndedOnDisk() {
+  auto ended = std::make_unique<EndedAnimations>();
+  if (ended->usable()) ended_ = std::move(ended);
+}
+
+void SimAnimator::moveEndedToDisk() {
+  if (!ended_) return;
+  // Only from the front, so that the order of the records is kept.
+  auto firstRunning =
+      std::find_if(records_.begin(), records_.end(), [](const auto& record) { return !record->finished.has_value(); });
+  for (auto it = records_.begin(); it != firstRunning; ++it) ended_->add(**it);
+  records_.erase(records_.begin(), firstRunning);
+}
+
+void SimAnimator::forEachRecord(const std::function<void(const nlohmann::json&)>& visit) const {
+  if (ended_) ended_->forEach(visit);
+  for (const auto& record : records_) visit(record->toJson());
 }
 
 }  // namespace tessel::sim

@@ -37,6 +37,7 @@ SimHost::SimHost(const WorldConfig& config, std::string fileSystemRoot)
   application_ = create<SimApplicationObject>("UIApplication");
   installOriginalMethods(*this);
   installClassOperations(*this);
+  if (config.keepEndedAnimationsOnDisk) animator_->keepEndedOnDisk();
 }
 
 SimHost::~SimHost() {

@@ -202,7 +202,7 @@ json stateDumpWithoutAnimations(SimHost& host, const Library* library) {
 }
 
 void forEachAnimation(const SimHost& host, const std::function<void(const json&)>& visit) {
-  for (const auto& record : host.simAnimator().records()) visit(record->toJson());
+  host.simAnimator().forEachRecord(visit);
 }
 
 json stateDump(SimHost& host, const Library* library) {

@@ -67,6 +67,8 @@ struct WorldConfig {
   // lives at fileSystemRoot + "/User/Library/Preferences/...". A given
   // `settingsFile` is copied there, never written to.
   std::string fileSystemRoot;
+  // Ended animations go to a temporary file instead of memory (a long run).
+  bool keepEndedAnimationsOnDisk = false;
 };
 
 }  // namespace tessel::sim

@@ -12,6 +12,7 @@
 
 #include "hooks/library.h"
 #include "sim/property_list.h"
+#include "sim/sim_animator.h"
 #include "sim/sim_host.h"
 #include "sim/sim_view.h"
 #include "sim/world.h"
@@ -230,6 +231,45 @@ TEST_F(OpenPanel, TheTraceHasALineForEveryEventAndHostCall) {
   }
   EXPECT_EQ(kinds, (std::set<std::string>{"event", "hook", "hostCall", "dispatch", "animation"}));
   EXPECT_EQ(events, (std::vector<std::string>{"unlock", "gesture"}));
+}
+
+}  // namespace
+}  // namespace tessel::sim::testing
+
+namespace tessel::sim::testing {
+namespace {
+
+// Two openings and closings, with the second opening still running when the
+// dump is taken.
+void openTwice(World& world) {
+  world.unlock();
+  world.advanceTo(1);
+  world.gesture(kMail, "swipeUp", 0);
+  world.advanceTo(3);
+  world.home(false);
+  world.advanceTo(5);
+  world.gesture(kMail, "swipeUp", 0);
+  world.advanceTo(5.1);
+}
+
+TEST(World, EndedAnimationsKeptOnDiskAreDumpedAsThoughKeptInMemory) {
+  WorldConfig inMemory = smallHome();
+  WorldConfig onDisk = smallHome();
+  onDisk.keepEndedAnimationsOnDisk = true;
+  World kept(inMemory);
+  World spilled(onDisk);
+  openTwice(kept);
+  openTwice(spilled);
+
+  json expected = kept.dump();
+  ASSERT_GT(expected.at("animations").size(), 10u);
+  EXPECT_EQ(spilled.dump(), expected);
+  std::vector<json> visited;
+  spilled.forEachAnimation([&](const json& record) { visited.push_back(record); });
+  EXPECT_EQ(json(visited), expected.at("animations")) << "and the same one at a time";
+  EXPECT_LT(spilled.host().simAnimator().records().size(), kept.host().simAnimator().records().size())
+      << "the first opening's and the closing's records left memory";
+  EXPECT_FALSE(spilled.host().simAnimator().records().empty()) << "the running ones stay";
 }
 
 }  // namespace
