@@ -6,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/runner.h"
+#include "cli/serve/serve_command.h"
 #include "cli/soak.h"
 
 int main(int argc, char** argv) {
@@ -39,6 +40,16 @@ int main(int argc, char** argv) {
   color->add_option("image", imagePath, "PNG image")->required()->check(CLI::ExistingFile);
   color->add_flag("--json", json, "Print {\"averageColor\": [r, g, b, a], \"mergedColor\": [r, g, b, a]}");
 
+  serve::ServeOptions serveOptions;
+  auto* serve = app.add_subcommand("serve", "Run a scenario's phone live in the browser, driven by mouse and controls");
+  serve->add_option("scenario", serveOptions.scenarioPath, "Scenario file whose phone is served (default: the demo's)");
+  serve->add_option("--port", serveOptions.port, "Port to listen on (0: any free port)")
+      ->capture_default_str()
+      ->check(CLI::Range(0, 65535));
+  serve->add_option("--host", serveOptions.host, "Address to listen on")->capture_default_str();
+  serve->add_option("--scale", serveOptions.scale, "Pixels per point of the frames (default 1)")
+      ->check(CLI::Range(0.25, 4.0));
+
   SoakOptions soakOptions;
   auto* soak = app.add_subcommand(
       "soak", "Play random phones and random events, checking that every closing leaves no panel and no dimmed icon");
@@ -62,6 +73,7 @@ int main(int argc, char** argv) {
     if (*check) return checkCommand(scenarioPath, std::cout, std::cerr);
     if (*color) return colorCommand(imagePath, json, std::cout, std::cerr);
     if (*soak) return soakCommand(soakOptions, std::cout, std::cerr);
+    if (*serve) return serve::serveCommand(serveOptions, std::cout, std::cerr);
   } catch (const std::exception& e) {
     std::cerr << "tessel-sim: " << e.what() << "\n";
     return kExitInvalid;

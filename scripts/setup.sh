@@ -7,7 +7,7 @@ set -euo pipefail
 packages=(
   cmake g++ make pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev libopencv-core-dev
-  libplist-dev nlohmann-json3-dev libcli11-dev libfmt-dev
+  libplist-dev nlohmann-json3-dev libcli11-dev libfmt-dev libcpp-httplib-dev
   libcairo2-dev libpango1.0-dev libwebp-dev libpng-dev
   fonts-inter fonts-dejavu-core
   dpkg-dev

@@ -1,0 +1,148 @@
+#include "cli/serve/live_phone.h"
+
+#include "cli/serve/screen_hit.h"
+#include "sim/home_screen.h"
+#include "sim/sim_host.h"
+#include "sim/world.h"
+
+namespace tessel::cli::serve {
+
+namespace {
+
+// The height of the keyboard that comes up, as a scenario's keyboard event
+// has it when it names no frame.
+constexpr double kKeyboardHeight = 291;
+
+}  // namespace
+
+LivePhone::LivePhone(const sim::WorldConfig& config)
+    : world_(std::make_unique<sim::World>(config)), settings_(config.settings) {}
+
+LivePhone::~LivePhone() = default;
+
+double LivePhone::now() const { return world_->time(); }
+
+bool LivePhone::gesture(const std::string& icon, const std::string& gesture, double hold) {
+  if (!world_->gesture(icon, gesture, hold)) return false;
+  log_.add(now(), "gesture", {{"icon", icon}, {"gesture", gesture}, {"hold", hold}});
+  return true;
+}
+
+void LivePhone::tap(const host::Point& point) {
+  world_->tap(point);
+  log_.add(now(), "tap", {{"point", {point.x, point.y}}});
+}
+
+bool LivePhone::tapRow(long long row) {
+  if (!world_->tapRow(row)) return false;
+  log_.add(now(), "tapRow", {{"row", row}});
+  return true;
+}
+
+void LivePhone::settings(const sim::WorldConfig::Settings& settings) {
+  world_->settings(settings);
+  settings_ = settings;
+  log_.add(now(), "settings",
+           {{"enabled", settings.enabled},
+            {"darkMode", settings.darkMode},
+            {"activationMethod", settings.activationMethod}});
+}
+
+void LivePhone::keyboard(bool show) {
+  const auto& screen = world_->config().screen;
+  double top = show ? screen.height - kKeyboardHeight : screen.height;
+  host::Rect frame{0, top, screen.width, kKeyboardHeight};
+  world_->keyboard(show, frame);
+  keyboardShown_ = show;
+  log_.add(now(), "keyboard", {{"show", show}, {"frame", {frame.x, frame.y, frame.width, frame.height}}});
+}
+
+void LivePhone::lock() {
+  world_->lock();
+  log_.add(now(), "lock");
+}
+
+void LivePhone::unlock() {
+  world_->unlock();
+  log_.add(now(), "unlock");
+}
+
+void LivePhone::home() {
+  world_->home(true);
+  log_.add(now(), "home", {{"handled", true}});
+}
+
+void LivePhone::doubleHome() {
+  world_->doubleHome(true);
+  log_.add(now(), "doubleHome", {{"handled", true}});
+}
+
+void LivePhone::notify(const std::string& app, const std::string& title, const std::string& message) {
+  // Arriving now: a logged event without an age means the same instant.
+  sim::WorldConfig::Notification notification{title, message, world_->config().clockEpoch + now()};
+  world_->notify(app, notification);
+  log_.add(now(), "notify", {{"icon", app}, {"title", title}, {"message", message}});
+}
+
+bool LivePhone::page(int index) {
+  if (!world_->page(index)) return false;
+  log_.add(now(), "page", {{"index", index}});
+  return true;
+}
+
+bool LivePhone::openFolder(const std::string& name) {
+  if (!world_->openFolder(name)) return false;
+  log_.add(now(), "openFolder", {{"name", name}});
+  return true;
+}
+
+bool LivePhone::closeFolder(const std::string& name) {
+  if (!world_->closeFolder(name)) return false;
+  log_.add(now(), "closeFolder", {{"name", name}});
+  return true;
+}
+
+void LivePhone::touchDown(const host::Point& point, double t) {
+  auto lookup = [this](const host::Point& p) { return touchTargetAt(world_->host(), p); };
+  perform(touches_.down(point, t, lookup));
+}
+
+void LivePhone::touchMove(const host::Point& point, double t) { perform(touches_.move(point, t)); }
+
+void LivePhone::touchUp(const host::Point& point, double t) { perform(touches_.up(point, t)); }
+
+void LivePhone::touchCancel() { perform(touches_.cancel()); }
+
+void LivePhone::pollTouches(double t) { perform(touches_.poll(t)); }
+
+void LivePhone::perform(const std::vector<TouchOutcome>& outcomes) {
+  for (const auto& outcome : outcomes) {
+    switch (outcome.kind) {
+      case TouchOutcome::Kind::tap:
+        fingerTap(outcome.point);
+        break;
+      case TouchOutcome::Kind::iconGesture:
+        gesture(outcome.icon, outcome.gesture, outcome.hold);
+        break;
+      case TouchOutcome::Kind::pageSwipe:
+        if (const auto* home = world_->host().homeScreen(); home && home->openFolderName().empty())
+          page(home->currentPage() + outcome.pageStep);
+        break;
+    }
+  }
+}
+
+void LivePhone::fingerTap(const host::Point& point) {
+  ScreenHit hit = hitAt(world_->host(), point);
+  const auto* home = world_->host().homeScreen();
+  std::string openFolderName = home ? home->openFolderName() : std::string();
+  if (hit.kind == ScreenHit::Kind::folderIcon && openFolderName.empty()) {
+    openFolder(hit.folder);
+  } else if (hit.kind == ScreenHit::Kind::nothing && !openFolderName.empty()) {
+    closeFolder(openFolderName);
+  } else {
+    tap(point);
+  }
+}
+
+}  // namespace tessel::cli::serve

@@ -1,0 +1,23 @@
+#include "cli/serve/scratch_directory.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace tessel::cli::serve {
+
+namespace fs = std::filesystem;
+
+ScratchDirectory::ScratchDirectory(const std::string& prefix) {
+  std::error_code ec;
+  fs::path temp = fs::temp_directory_path(ec);
+  if (ec) return;
+  std::string pattern = (temp / (prefix + "-XXXXXX")).string();
+  if (char* made = mkdtemp(pattern.data())) path_ = made;
+}
+
+ScratchDirectory::~ScratchDirectory() {
+  std::error_code ignored;
+  if (!path_.empty()) fs::remove_all(path_, ignored);
+}
+
+}  // namespace tessel::cli::serve

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace tessel::cli::serve {
+
+// A fresh directory under the system's temporary one, removed with all it
+// holds when this goes; its path is empty when none could be made.
+class ScratchDirectory {
+ public:
+  explicit ScratchDirectory(const std::string& prefix);
+  ~ScratchDirectory();
+  ScratchDirectory(const ScratchDirectory&) = delete;
+  ScratchDirectory& operator=(const ScratchDirectory&) = delete;
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace tessel::cli::serve
