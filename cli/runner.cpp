@@ -14,6 +14,7 @@
 #include "cli/expect.h"
 #include "cli/output_file.h"
 #include "cli/progress.h"
+#include "cli/scratch_directory.h"
 #include "cli/stop_signal.h"
 #include "cli/timeline.h"
 #include "render/atomic_file.h"
@@ -31,25 +32,6 @@ namespace {
 // animation and queued block has settled.
 constexpr double kSettleTime = 1.0;
 
-// A scratch directory standing for the phone's file system, gone at the end.
-class ScratchDirectory {
- public:
-  ScratchDirectory() {
-    std::string pattern = (fs::temp_directory_path() / "tessel-phone-XXXXXX").string();
-    if (char* made = mkdtemp(pattern.data())) path_ = made;
-  }
-  ~ScratchDirectory() {
-    std::error_code ignored;
-    if (!path_.empty()) fs::remove_all(path_, ignored);
-  }
-  ScratchDirectory(const ScratchDirectory&) = delete;
-  ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
 class Run {
  public:
   Run(const Scenario& scenario, const RunOptions& options, std::ostream& out, std::ostream& err)
@@ -62,7 +44,8 @@ class Run {
       err_ << "cannot make the output directory " << options_.outDirectory << ": " << ec.message() << "\n";
       return kExitInvalid;
     }
-    ScratchDirectory phone;
+    // The phone's file system, gone at the end.
+    ScratchDirectory phone("tessel-phone");
     if (phone.path().empty()) {
       err_ << "cannot make a scratch directory for the phone's files\n";
       return kExitInvalid;

@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/demo_scenario.h"
 #include "cli/runner.h"
+#include "cli/scenario_file.h"
 #include "cli/stop_signal.h"
 
 namespace tessel::cli {
@@ -15,39 +16,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A file wrong in every one of its thousand events would bury the first
-// problems, which are the ones to fix first.
-constexpr std::size_t kProblemsShown = 50;
-
-void printProblems(const ParseResult& result, const std::string& name, std::ostream& err) {
-  for (std::size_t i = 0; i < result.errors.size() && i < kProblemsShown; ++i)
-    err << name << ": " << result.errors[i] << "\n";
-  if (result.errors.size() > kProblemsShown)
-    err << name << ": ... and " << result.errors.size() - kProblemsShown << " more problems\n";
-  for (std::size_t i = 0; i < result.warnings.size() && i < kProblemsShown; ++i)
-    err << name << ": warning: " << result.warnings[i] << "\n";
-  if (result.warnings.size() > kProblemsShown)
-    err << name << ": ... and " << result.warnings.size() - kProblemsShown << " more warnings\n";
-}
-
 // Reads a scenario from a file ("-": standard input) and checks it; prints
 // every problem and answers nothing when it is invalid.
 std::optional<Scenario> loadScenario(const std::string& path, std::ostream& err) {
-  std::string text;
-  std::string base;
-  if (path == "-") {
-    text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
-    base = fs::current_path().string();
-  } else {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-      err << path << ": cannot read the scenario file\n";
-      return std::nullopt;
-    }
-    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    base = fs::absolute(path).parent_path().string();
-  }
-  ParseResult result = parseScenarioText(text, base);
+  auto source = readScenarioSource(path, err);
+  if (!source) return std::nullopt;
+  ParseResult result = parseScenarioText(source->text, source->base);
   printProblems(result, path == "-" ? "<stdin>" : path, err);
   return result.scenario;
 }

@@ -17,7 +17,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/demo_scenario.h"
-#include "cli/serve/scratch_directory.h"
+#include "cli/scratch_directory.h"
 #include "cli/serve/seed.h"
 #include "cli/serve/serve_server.h"
 #include "cli/serve/web_assets.h"
@@ -30,7 +30,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using nlohmann::json;
-using tessel::cli::serve::ScratchDirectory;
+using tessel::cli::ScratchDirectory;
 using tessel::cli::serve::ServeServer;
 using ::testing::HasSubstr;
 

@@ -7,6 +7,7 @@
 
 #include "cli/demo_scenario.h"
 #include "cli/json_document.h"
+#include "cli/scenario_file.h"
 
 namespace tessel::cli::serve {
 
@@ -35,30 +36,23 @@ void makeFileNamesAbsolute(Json& document, const sim::WorldConfig& world) {
 
 std::optional<Seed> loadSeed(const std::string& path, std::ostream& err) {
   Seed seed;
-  std::string text;
-  std::string base;
+  ScenarioSource source;
   if (path.empty()) {
     seed.origin = "the demo";
-    text = std::string(demoScenarioText());
-    base = fs::current_path().string();
+    source = {std::string(demoScenarioText()), fs::current_path().string()};
   } else {
     seed.origin = path;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-      err << path << ": cannot read the scenario file\n";
-      return std::nullopt;
-    }
-    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    base = fs::absolute(path).parent_path().string();
+    auto read = readScenarioSource(path, err);
+    if (!read) return std::nullopt;
+    source = std::move(*read);
   }
-  DocumentRead read = readJsonDocument(text);
+  DocumentRead read = readJsonDocument(source.text);
   if (!read.document) {
     err << seed.origin << ": " << read.error << "\n";
     return std::nullopt;
   }
-  ParseResult result = parseScenario(*read.document, base);
-  for (const auto& problem : result.errors) err << seed.origin << ": " << problem << "\n";
-  for (const auto& warning : result.warnings) err << seed.origin << ": warning: " << warning << "\n";
+  ParseResult result = parseScenario(*read.document, source.base);
+  printProblems(result, seed.origin, err);
   if (!result.scenario) return std::nullopt;
   seed.scenario = std::move(*result.scenario);
   seed.document = std::move(*read.document);

@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include "cli/runner.h"
-#include "cli/serve/scratch_directory.h"
+#include "cli/scratch_directory.h"
 #include "cli/serve/seed.h"
 #include "cli/serve/serve_server.h"
 #include "cli/serve/stop_signals.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace tessel::cli::serve {
+namespace tessel::cli {
 
 // A fresh directory under the system's temporary one, removed with all it
 // holds when this goes; its path is empty when none could be made.
@@ -18,4 +18,4 @@ class ScratchDirectory {
   std::string path_;
 };
 
-}  // namespace tessel::cli::serve
+}  // namespace tessel::cli

@@ -1,9 +1,9 @@
-#include "cli/serve/scratch_directory.h"
+#include "cli/scratch_directory.h"
 
 #include <cstdlib>
 #include <filesystem>
 
-namespace tessel::cli::serve {
+namespace tessel::cli {
 
 namespace fs = std::filesystem;
 
@@ -20,4 +20,4 @@ ScratchDirectory::~ScratchDirectory() {
   if (!path_.empty()) fs::remove_all(path_, ignored);
 }
 
-}  // namespace tessel::cli::serve
+}  // namespace tessel::cli
