@@ -37,7 +37,7 @@ struct Animation::Encoder {
   double fps = 0;
   int frames = 0;
   std::string problem;
-  std::vector<std::uint8_t> previous;
+  PixelBytes previous;
   std::vector<Shown> shown;
   std::size_t settled = 0;  // shown[0, settled) are known to be encoded
   // The finished file, once assembled; no frame may follow it.
@@ -45,7 +45,7 @@ struct Animation::Encoder {
 
   int timestamp(int frame) const { return int(std::lround(frame * 1000.0 / fps)); }
 
-  void encodeInBackground(const std::vector<std::uint8_t>& rgba) {
+  void encodeInBackground(const PixelBytes& rgba) {
     while (shown.size() - settled >= encodersAtOnce()) shown[settled++].still.wait();
     auto encode = [pixels = rgba, w = width, h = height] { return encodeWebpStill(pixels, w, h); };
     try {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "render/pixel_bytes.h"
+
 namespace tessel::sim {
 class World;
 }
@@ -14,7 +16,7 @@ namespace tessel::render {
 struct Picture {
   int width = 0;
   int height = 0;
-  std::vector<std::uint8_t> rgba;
+  PixelBytes rgba;
 };
 
 // Draws the key window as it looks at the world's current time (every

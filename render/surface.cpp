@@ -80,8 +80,7 @@ Picture pictureFromSurface(cairo_surface_t* surface) {
   Picture picture;
   picture.width = pixels.width;
   picture.height = pixels.height;
-  // Sized at once and written in place: appending row by row costs more
-  // than zeroing a 3× screen's 12 MB first.
+  // Sized at once, unset, and written in place.
   picture.rgba.resize(std::size_t(pixels.width) * std::size_t(pixels.height) * 4);
   std::vector<std::uint32_t> row;
   std::uint8_t* out = picture.rgba.data();

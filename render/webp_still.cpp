@@ -14,7 +14,7 @@ int collect(const std::uint8_t* data, std::size_t size, const WebPPicture* pictu
 
 }  // namespace
 
-WebpStill encodeWebpStill(const std::vector<std::uint8_t>& rgba, int width, int height) {
+WebpStill encodeWebpStill(const PixelBytes& rgba, int width, int height) {
   WebpStill still;
   WebPConfig config;
   WebPPicture picture;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "render/pixel_bytes.h"
+
 namespace tessel::render {
 
 // One frame of a recording as a lossy WebP bitstream, or the reason it
@@ -12,6 +14,6 @@ struct WebpStill {
   std::vector<std::uint8_t> bytes;
   std::string problem;
 };
-WebpStill encodeWebpStill(const std::vector<std::uint8_t>& rgba, int width, int height);
+WebpStill encodeWebpStill(const PixelBytes& rgba, int width, int height);
 
 }  // namespace tessel::render

@@ -35,7 +35,7 @@ class RenderFiles : public ::testing::Test {
 };
 
 Picture gradient(int width, int height, std::uint8_t alpha = 255) {
-  Picture picture{width, height, std::vector<std::uint8_t>(std::size_t(width) * std::size_t(height) * 4)};
+  Picture picture{width, height, PixelBytes(std::size_t(width) * std::size_t(height) * 4, 0)};
   for (int y = 0; y < height; ++y)
     for (int x = 0; x < width; ++x) {
       std::uint8_t* p = &picture.rgba[(std::size_t(y) * std::size_t(width) + std::size_t(x)) * 4];

@@ -55,7 +55,7 @@ int channelDifference(const Picture& a, const Picture& b, std::size_t pixel) {
 // Reference | new | difference (differing pixels red over a faded reference).
 Picture sideBySide(const Picture& reference, const Picture& actual) {
   int w = reference.width, h = reference.height;
-  Picture out{3 * w, h, std::vector<std::uint8_t>(std::size_t(3 * w) * std::size_t(h) * 4)};
+  Picture out{3 * w, h, PixelBytes(std::size_t(3 * w) * std::size_t(h) * 4, 0)};
   for (int y = 0; y < h; ++y)
     for (int x = 0; x < w; ++x) {
       std::size_t i = std::size_t(y) * std::size_t(w) + std::size_t(x);
