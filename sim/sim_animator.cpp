@@ -9,7 +9,6 @@
 namespace tessel::sim {
 
 void SimAnimator::animateWithDuration(double duration, host::Block animations, host::Completion completion) {
-  moveEndedToDisk();
   auto group = std::make_shared<AnimationGroup>();
   group->id = ++lastGroup_;
   group->start = clock_.now;
@@ -54,6 +53,7 @@ std::shared_ptr<AnimationRecord> SimAnimator::record(SimView& view, AnimationRec
   made->duration = group->duration;
   group->records.push_back(made);
   ++group->running;
+  moveEndedToDisk();
   records_.push_back(made);
   view.addAnimationRecord(made);
   return made;
