@@ -44,8 +44,9 @@ class Run {
       err_ << "cannot make the output directory " << options_.outDirectory << ": " << ec.message() << "\n";
       return kExitInvalid;
     }
-    // The phone's file system, gone at the end.
-    ScratchDirectory phone("tessel-phone");
+    // The phone's file system, gone at the end; inside the output directory,
+    // so that even a killed run leaves nothing elsewhere.
+    ScratchDirectory phone(".tessel-phone", options_.outDirectory);
     if (phone.path().empty()) {
       err_ << "cannot make a scratch directory for the phone's files\n";
       return kExitInvalid;

@@ -7,9 +7,9 @@ namespace tessel::cli {
 
 namespace fs = std::filesystem;
 
-ScratchDirectory::ScratchDirectory(const std::string& prefix) {
+ScratchDirectory::ScratchDirectory(const std::string& prefix, const std::string& parent) {
   std::error_code ec;
-  fs::path temp = fs::temp_directory_path(ec);
+  fs::path temp = parent.empty() ? fs::temp_directory_path(ec) : fs::path(parent);
   if (ec) return;
   std::string pattern = (temp / (prefix + "-XXXXXX")).string();
   if (char* made = mkdtemp(pattern.data())) path_ = made;

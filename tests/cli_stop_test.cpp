@@ -25,18 +25,28 @@ std::vector<std::string> namesIn(const fs::path& dir) {
   return names;
 }
 
-TEST(LongRun, ShowsProgressAndAStopLeavesOnlyWholeFilesAndNoTemporaryOnes) {
-  fs::path dir = fs::temp_directory_path() / ("tessel-stop-test-" + std::to_string(::getpid()));
+// A snapshot first, then a recording far longer than the run is let go on;
+// answers the directory it is in.
+fs::path longScenario(const std::string& name) {
+  fs::path dir = fs::temp_directory_path() / ("tessel-" + name + "-" + std::to_string(::getpid()));
   fs::remove_all(dir);
   fs::create_directories(dir / "tmp");
-  // A snapshot first, then a recording far longer than the run is let go on.
   std::ofstream(dir / "long.json") << R"({"screen": {"width": 390, "height": 844, "scale": 3},
     "events": [{"at": 0, "do": "snapshot", "name": "first"},
                {"at": 0, "do": "record", "name": "long", "until": 900, "fps": 10},
                {"at": 900, "do": "dump", "name": "never"}]})";
-  auto outcome = tessel::testing::runCommandLine("TMPDIR=" + (dir / "tmp").string() +
-                                                 " timeout --preserve-status -s TERM 5 TOOL run " +
-                                                 (dir / "long.json").string() + " --out " + (dir / "out").string());
+  return dir;
+}
+
+tessel::testing::Outcome runFor(const fs::path& dir, const std::string& signal, int seconds) {
+  return tessel::testing::runCommandLine("TMPDIR=" + (dir / "tmp").string() + " timeout --preserve-status -s " +
+                                         signal + " " + std::to_string(seconds) + " TOOL run " +
+                                         (dir / "long.json").string() + " --out " + (dir / "out").string());
+}
+
+TEST(LongRun, ShowsProgressAndAStopLeavesOnlyWholeFilesAndNoTemporaryOnes) {
+  fs::path dir = longScenario("stop-test");
+  auto outcome = runFor(dir, "TERM", 5);
 
   EXPECT_EQ(outcome.status, 128 + 15) << outcome.output;
   EXPECT_THAT(outcome.output, HasSubstr("tessel-sim: stopped by signal 15 after 2 of 3 events at simulated t="));
@@ -46,6 +56,16 @@ TEST(LongRun, ShowsProgressAndAStopLeavesOnlyWholeFilesAndNoTemporaryOnes) {
   std::string error;
   EXPECT_TRUE(tessel::render::readPng((dir / "out" / "first.png").string(), error)) << error;
   EXPECT_TRUE(namesIn(dir / "tmp").empty()) << "the phone's scratch directory is removed";
+  fs::remove_all(dir);
+}
+
+TEST(LongRun, AKilledRunLeavesNothingOutsideItsOutputDirectory) {
+  fs::path dir = longScenario("kill-test");
+  auto outcome = runFor(dir, "KILL", 3);
+  EXPECT_NE(outcome.status, 0) << outcome.output;
+  EXPECT_TRUE(namesIn(dir / "tmp").empty());
+  for (const auto& name : namesIn(dir / "out"))
+    EXPECT_TRUE(name == "first.png" || name.front() == '.') << name << ": only hidden temporary files are unfinished";
   fs::remove_all(dir);
 }
 
