@@ -19,6 +19,41 @@ inline std::uint32_t pack(std::uint32_t b, std::uint32_t g, std::uint32_t r, std
   return b | (g << 8) | (r << 16) | (a << 24);
 }
 
+// One sampled row across the blocks that are whole in width: where the
+// first block's samples start in this row and the next sampled one, and
+// the blocks' sums, two channels per 32-bit word with 16 bits each (blue
+// and red; green and alpha).
+struct BlockRow {
+  const std::uint32_t* first;
+  const std::uint32_t* next;
+  int factor;
+  int step;
+  std::uint32_t* blueRed;
+  std::uint32_t* greenAlpha;
+};
+
+// Adds `Samples` pixels, `step` apart, of each of `count` blocks; a fixed
+// count lets the compiler unroll what is nearly all of the work (0: the
+// count is `samples`).
+template <int Samples>
+void addFullBlocks(const BlockRow& row, int count, int samples = Samples) {
+  const std::uint32_t* p = row.first;
+  const std::uint32_t* next = row.next;
+  for (int bx = 0; bx < count; ++bx, p += row.factor, next += row.factor) {
+    // Rows are read a few apart, too far for the hardware to guess the
+    // next one: ask for it while this one is summed.
+    __builtin_prefetch(next);
+    std::uint32_t low = 0, high = 0;
+    for (int n = 0; n < (Samples ? Samples : samples); ++n) {
+      std::uint32_t v = p[n * row.step];
+      low += v & 0x00FF00FFu;
+      high += (v >> 8) & 0x00FF00FFu;
+    }
+    row.blueRed[bx] += low;
+    row.greenAlpha[bx] += high;
+  }
+}
+
 // Averages factor × factor blocks; the partial blocks at the right and
 // bottom edges average the pixels they hold. Large blocks are sampled on a
 // sparser grid: the blur that follows hides the difference, and reading a
@@ -39,41 +74,60 @@ Small downsample(const PixelRect& source, int factor) {
     firstX[std::size_t(bx)] = firstOf(x0, x1);
     samplesX[std::size_t(bx)] = (x1 - firstX[std::size_t(bx)] + step - 1) / step;
   }
-  std::vector<std::uint32_t> sums(std::size_t(out.width) * 4);
+  // Every block but the last across takes the same samples at the same
+  // offsets, so their loop has a fixed count.
+  const int fullBlocks = source.width % factor == 0 ? out.width : out.width - 1;
+  const int fullSamples = samplesX[0];
+  // A whole block's sums, in the lanes of BlockRow: a block never takes
+  // more than 4 × 4 samples, far from the 257 that would spill a lane.
+  std::vector<std::uint32_t> blueRed(std::size_t(out.width)), greenAlpha(std::size_t(out.width));
   for (int by = 0; by < out.height; ++by) {
-    std::fill(sums.begin(), sums.end(), 0u);
+    std::fill(blueRed.begin(), blueRed.end(), 0u);
+    std::fill(greenAlpha.begin(), greenAlpha.end(), 0u);
     int y0 = by * factor;
     int y1 = std::min(y0 + factor, source.height);
     std::uint32_t rows = 0;
     for (int y = firstOf(y0, y1); y < y1; y += step, ++rows) {
       const std::uint32_t* row = source.pixels + std::size_t(y) * std::size_t(source.stride);
-      // Rows are read a few apart, too far for the hardware to guess the
-      // next one: ask for it while this one is summed.
       const std::uint32_t* next = row + std::size_t(std::min(step, source.height - 1 - y)) * std::size_t(source.stride);
-      std::uint32_t* sum = sums.data();
-      for (int bx = 0; bx < out.width; ++bx, sum += 4) {
-        const std::uint32_t* p = row + firstX[std::size_t(bx)];
-        __builtin_prefetch(next + firstX[std::size_t(bx)]);
-        // Two channels per 32-bit word, 16 bits each: room for 257 pixels,
-        // more than a block row ever holds.
-        std::uint32_t blueRed = 0, greenAlpha = 0;
-        for (int n = samplesX[std::size_t(bx)]; n > 0; --n, p += step) {
-          blueRed += *p & 0x00FF00FFu;
-          greenAlpha += (*p >> 8) & 0x00FF00FFu;
+      BlockRow blocks{row + firstX[0], next + firstX[0], factor, step, blueRed.data(), greenAlpha.data()};
+      switch (fullSamples) {
+        case 2:
+          addFullBlocks<2>(blocks, fullBlocks);
+          break;
+        case 3:
+          addFullBlocks<3>(blocks, fullBlocks);
+          break;
+        case 4:
+          addFullBlocks<4>(blocks, fullBlocks);
+          break;
+        default:
+          addFullBlocks<0>(blocks, fullBlocks, fullSamples);
+      }
+      for (int bx = fullBlocks; bx < out.width; ++bx) {
+        std::size_t i = std::size_t(bx);
+        const std::uint32_t* p = row + firstX[i];
+        for (int n = 0; n < samplesX[i]; ++n, p += step) {
+          blueRed[i] += *p & 0x00FF00FFu;
+          greenAlpha[i] += (*p >> 8) & 0x00FF00FFu;
         }
-        sum[0] += blueRed & 0xFFFFu;
-        sum[1] += greenAlpha & 0xFFFFu;
-        sum[2] += blueRed >> 16;
-        sum[3] += greenAlpha >> 16;
       }
     }
     std::uint32_t* outRow = out.pixels.data() + std::size_t(by) * std::size_t(out.width);
-    const std::uint32_t* sum = sums.data();
-    for (int bx = 0; bx < out.width; ++bx, sum += 4) {
-      std::uint32_t count = rows * std::uint32_t(samplesX[std::size_t(bx)]);
+    std::uint32_t lastCount = 0;
+    std::uint64_t inverse = 0;
+    for (int bx = 0; bx < out.width; ++bx) {
+      std::size_t i = std::size_t(bx);
+      std::uint32_t count = rows * std::uint32_t(samplesX[i]);
+      if (count != lastCount) {
+        // Rounded up, the reciprocal divides any sum below 2^16 exactly.
+        inverse = ((std::uint64_t(1) << 32) + count - 1) / count;
+        lastCount = count;
+      }
       std::uint32_t half = count / 2;
-      outRow[bx] =
-          pack((sum[0] + half) / count, (sum[1] + half) / count, (sum[2] + half) / count, (sum[3] + half) / count);
+      auto average = [&](std::uint32_t sum) { return std::uint32_t((std::uint64_t(sum + half) * inverse) >> 32); };
+      outRow[bx] = pack(average(blueRed[i] & 0xFFFFu), average(greenAlpha[i] & 0xFFFFu), average(blueRed[i] >> 16),
+                        average(greenAlpha[i] >> 16));
     }
   }
   return out;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -157,6 +158,46 @@ TEST(RenderBlur, ColourNextToTransparencyKeepsItsHue) {
     EXPECT_NEAR(double(channel(p, 16)) / a, 1.0, 0.03) << x;
     EXPECT_EQ(channel(p, 8), 0u);
     EXPECT_EQ(channel(p, 0), 0u);
+  }
+}
+
+// Each reduced pixel is the rounded mean of its block's samples: every
+// step-th pixel of every step-th row, centred in the block; only the first
+// `width` × `height` pixels of the image are reduced.
+std::uint32_t blockMean(const Image& image, int width, int height, int factor, int bx, int by) {
+  const int step = std::max(1, (factor + 1) / 3);
+  auto first = [&](int start, int end) { return start + (end - start - 1) % step / 2; };
+  int x1 = std::min((bx + 1) * factor, width), y1 = std::min((by + 1) * factor, height);
+  std::uint32_t sums[4] = {0, 0, 0, 0}, count = 0;
+  for (int y = first(by * factor, y1); y < y1; y += step)
+    for (int x = first(bx * factor, x1); x < x1; x += step, ++count)
+      for (int c = 0; c < 4; ++c) sums[c] += channel(image.at(x, y), 8 * c);
+  std::uint32_t mean = 0;
+  for (int c = 0; c < 4; ++c) mean |= ((sums[c] + count / 2) / count) << (8 * c);
+  return mean;
+}
+
+TEST(RenderBlur, ReducedPixelsAreTheRoundedMeansOfTheirBlocksSamples) {
+  std::mt19937 random(5);
+  for (int factor : {2, 3, 4, 7, 9, 10, 18, 32}) {
+    // Sizes with and without partial blocks at the right and bottom.
+    for (auto [w, h] :
+         {std::pair{factor * 5, factor * 3}, {factor * 6 + 1, factor * 2 + factor / 2}, {factor - 1, 1}}) {
+      Image image(w + 3, h);
+      // Saturated channels where lanes would spill, random ones elsewhere.
+      for (auto& p : image.pixels) p = random() % 4 == 0 ? 0xFFFFFFFFu : std::uint32_t(random());
+      PixelRect rect{image.pixels.data(), w, h, w + 3};
+      BlurPlan plan;
+      plan.factor = factor;
+      ReducedImage reduced = reduce(rect, plan);
+      ASSERT_EQ(reduced.width, (w + factor - 1) / factor);
+      ASSERT_EQ(reduced.height, (h + factor - 1) / factor);
+      for (int by = 0; by < reduced.height; ++by)
+        for (int bx = 0; bx < reduced.width; ++bx)
+          ASSERT_EQ(reduced.pixels[std::size_t(by) * std::size_t(reduced.width) + std::size_t(bx)],
+                    blockMean(image, w, h, factor, bx, by))
+              << "factor " << factor << ", " << w << "x" << h << ", block " << bx << "," << by;
+    }
   }
 }
 
