@@ -47,7 +47,7 @@ bool soakOne(unsigned seed, const SoakOptions& options, SoakResult& result, std:
     world.advanceTo(world.time() + 1.0);
     if (liftPending) continue;
     ++result.closingsChecked;
-    if (auto problem = closingProblem(world.dump()); !problem.empty()) {
+    if (auto problem = closingProblem(world.dumpWithoutAnimations()); !problem.empty()) {
       result.failure = fmt::format("seed {}, event {} (t={:.3f}): {}", seed, i, world.time(), problem);
       result.failedSeed = seed;
       return false;
