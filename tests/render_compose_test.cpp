@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "picture_pixels.h"
 #include "render/render.h"
 #include "sim/ease.h"
 #include "sim/sim_host.h"
@@ -15,15 +16,6 @@
 
 namespace tessel::render {
 namespace {
-
-struct Rgb {
-  int r, g, b;
-};
-
-Rgb at(const Picture& picture, int x, int y) {
-  const std::uint8_t* p = &picture.rgba[(std::size_t(y) * std::size_t(picture.width) + std::size_t(x)) * 4];
-  return {p[0], p[1], p[2]};
-}
 
 void expectColour(const Picture& picture, int x, int y, Rgb want, int tolerance = 2) {
   Rgb got = at(picture, x, y);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "picture_pixels.h"
 #include "render/frost_cache.h"
 #include "render/render.h"
 #include "sim/sim_host.h"
@@ -18,15 +19,6 @@
 
 namespace tessel::render {
 namespace {
-
-struct Rgb {
-  int r, g, b;
-};
-
-Rgb at(const Picture& picture, int x, int y) {
-  const std::uint8_t* p = &picture.rgba[(std::size_t(y) * std::size_t(picture.width) + std::size_t(x)) * 4];
-  return {p[0], p[1], p[2]};
-}
 
 // Brightest minus darkest grey level inside a box: high over sharp stripes,
 // low where they are blurred.

@@ -2,21 +2,12 @@
 
 #include <cstdint>
 
+#include "picture_pixels.h"
 #include "render/render.h"
 #include "sim/world.h"
 
 namespace tessel::render {
 namespace {
-
-struct Rgb {
-  int r, g, b;
-  friend bool operator==(const Rgb&, const Rgb&) = default;
-};
-
-Rgb at(const Picture& picture, int x, int y) {
-  const std::uint8_t* p = &picture.rgba[(std::size_t(y) * std::size_t(picture.width) + std::size_t(x)) * 4];
-  return {p[0], p[1], p[2]};
-}
 
 TEST(RenderKeyboard, AppearsInItsFrameWhileUpAndGoesWhenItHides) {
   sim::WorldConfig config;
