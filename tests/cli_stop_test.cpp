@@ -38,15 +38,20 @@ fs::path longScenario(const std::string& name) {
   return dir;
 }
 
-tessel::testing::Outcome runFor(const fs::path& dir, const std::string& signal, int seconds) {
-  return tessel::testing::runCommandLine("TMPDIR=" + (dir / "tmp").string() + " timeout --preserve-status -s " +
-                                         signal + " " + std::to_string(seconds) + " TOOL run " +
-                                         (dir / "long.json").string() + " --out " + (dir / "out").string());
+// Starts the run and, once its progress line is out (so the snapshot is
+// written and the recording under way, however slow the machine), sends it
+// the signal; gives up waiting after two minutes.
+tessel::testing::Outcome stopOnceUnderWay(const fs::path& dir, const std::string& signal) {
+  const std::string log = (dir / "log").string();
+  return tessel::testing::runCommandLine(
+      "TMPDIR=" + (dir / "tmp").string() + " TOOL run " + (dir / "long.json").string() + " --out " +
+      (dir / "out").string() + " >" + log + " 2>&1 & pid=$!; for i in $(seq 1200); do grep -q 'of 3 events (' " + log +
+      " && break; sleep 0.1; done; kill -" + signal + " $pid; wait $pid; status=$?; cat " + log + "; exit $status");
 }
 
 TEST(LongRun, ShowsProgressAndAStopLeavesOnlyWholeFilesAndNoTemporaryOnes) {
   fs::path dir = longScenario("stop-test");
-  auto outcome = runFor(dir, "TERM", 5);
+  auto outcome = stopOnceUnderWay(dir, "TERM");
 
   EXPECT_EQ(outcome.status, 128 + 15) << outcome.output;
   EXPECT_THAT(outcome.output, HasSubstr("tessel-sim: stopped by signal 15 after 2 of 3 events at simulated t="));
@@ -61,7 +66,7 @@ TEST(LongRun, ShowsProgressAndAStopLeavesOnlyWholeFilesAndNoTemporaryOnes) {
 
 TEST(LongRun, AKilledRunLeavesNothingOutsideItsOutputDirectory) {
   fs::path dir = longScenario("kill-test");
-  auto outcome = runFor(dir, "KILL", 3);
+  auto outcome = stopOnceUnderWay(dir, "KILL");
   EXPECT_NE(outcome.status, 0) << outcome.output;
   EXPECT_TRUE(namesIn(dir / "tmp").empty());
   for (const auto& name : namesIn(dir / "out"))
