@@ -19,17 +19,6 @@ namespace {
 
 std::string textOf(const nlohmann::json& value) { return value.is_string() ? value.get<std::string>() : ""; }
 
-// The drawing surface, kept from one picture to the next of the same size:
-// a recording draws hundreds of them, and fresh memory costs page faults.
-cairo_surface_t* canvasOfSize(int width, int height) {
-  static Surface canvas;
-  if (!canvas || cairo_image_surface_get_width(canvas.get()) != width ||
-      cairo_image_surface_get_height(canvas.get()) != height) {
-    canvas.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
-  }
-  return canvas.get();
-}
-
 }  // namespace
 
 Picture renderWorld(const sim::World& world, double scale) {
@@ -40,14 +29,23 @@ Picture renderWorld(const sim::World& world, double scale) {
   int height = int(std::lround(screen.height * scale));
   if (width <= 0 || height <= 0 || !(scale > 0)) return {};
 
-  cairo_surface_t* canvas = canvasOfSize(width, height);
-  if (cairo_surface_status(canvas) != CAIRO_STATUS_SUCCESS) return {};
+  // Drawn straight into the picture's bytes, which are then turned to RGBA
+  // where they lie: a second screen-sized buffer would double the memory
+  // the conversion streams through.
+  const sim::HomeScreen* home = host.homeScreen();
+  std::string wallpaperPath = home && !home->wallpaperPath().empty() ? home->wallpaperPath() : config.wallpaperPath;
+  Picture picture{width, height, {}};
+  Surface surface = surfaceOverPicture(picture);
+  if (!surface) return {};
+  cairo_surface_t* canvas = surface.get();
+  cairo_surface_t* wall = wallpaper(screen, wallpaperPath, width, height);
+  // The picture's bytes start unset: without a wallpaper to cover them
+  // there is nothing to show.
+  if (cairo_surface_status(wall) != CAIRO_STATUS_SUCCESS) return {};
   Context context(cairo_create(canvas));
   cairo_t* cr = context.get();
 
-  const sim::HomeScreen* home = host.homeScreen();
-  std::string wallpaperPath = home && !home->wallpaperPath().empty() ? home->wallpaperPath() : config.wallpaperPath;
-  cairo_set_source_surface(cr, wallpaper(screen, wallpaperPath, width, height), 0, 0);
+  cairo_set_source_surface(cr, wall, 0, 0);
   cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
   cairo_paint(cr);
   cairo_set_operator(cr, CAIRO_OPERATOR_OVER);
@@ -69,7 +67,10 @@ Picture renderWorld(const sim::World& world, double scale) {
                 textOf(alert.value("cancel", nlohmann::json()))});
   }
   context.reset();
-  return pictureFromSurface(canvas);
+  cairo_surface_finish(canvas);
+  surface.reset();
+  straightenInPlace(picture);
+  return picture;
 }
 
 }  // namespace tessel::render

@@ -22,8 +22,14 @@ using Context = std::unique_ptr<cairo_t, ContextDeleter>;
 // A premultiplied ARGB32 surface holding the picture's pixels.
 Surface surfaceFromPicture(const Picture& picture);
 
-// The surface's pixels as straight (not premultiplied) RGBA.
-Picture pictureFromSurface(cairo_surface_t* surface);
+// A surface that draws straight into the picture's bytes, sized to its
+// width and height, as premultiplied ARGB words; null when cairo cannot lay
+// out its rows without padding.
+Surface surfaceOverPicture(Picture& picture);
+
+// Turns the premultiplied ARGB words drawn into a picture into straight
+// RGBA bytes, in place.
+void straightenInPlace(Picture& picture);
 
 // The surface's pixels, for reading and writing in place (after a flush;
 // mark the surface dirty after writing).
