@@ -75,7 +75,7 @@ class Serve : public ::testing::Test {
     EXPECT_THAT(answer.value("error", ""), HasSubstr(why)) << path << " " << body;
   }
   json state() { return get("/state.json"); }
-  json waitFor(const std::string& what, const std::function<bool(const json&)>& holds, double seconds = 8) {
+  json waitFor(const std::string& what, const std::function<bool(const json&)>& holds, double seconds = 30) {
     auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
     for (;;) {
       json s = state();

@@ -27,7 +27,7 @@ async function state() {
   return response.json();
 }
 
-async function until(what, predicate, timeoutMs = 8000) {
+async function until(what, predicate, timeoutMs = 20000) {
   const end = Date.now() + timeoutMs;
   for (;;) {
     const s = await state();
