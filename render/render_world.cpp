@@ -29,11 +29,11 @@ Picture renderWorld(const sim::World& world, double scale) {
   int height = int(std::lround(screen.height * scale));
   if (width <= 0 || height <= 0 || !(scale > 0)) return {};
 
+  const sim::HomeScreen* home = host.homeScreen();
+  std::string wallpaperPath = home && !home->wallpaperPath().empty() ? home->wallpaperPath() : config.wallpaperPath;
   // Drawn straight into the picture's bytes, which are then turned to RGBA
   // where they lie: a second screen-sized buffer would double the memory
   // the conversion streams through.
-  const sim::HomeScreen* home = host.homeScreen();
-  std::string wallpaperPath = home && !home->wallpaperPath().empty() ? home->wallpaperPath() : config.wallpaperPath;
   Picture picture{width, height, {}};
   Surface surface = surfaceOverPicture(picture);
   if (!surface) return {};

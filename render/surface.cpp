@@ -39,30 +39,41 @@ struct Vectors32 {
   using Pixels = std::uint32_t __attribute__((vector_size(32)));
 };
 
+// A pixel's word, read and written through memcpy: the picture's bytes are
+// bytes, whatever cairo drew into them.
+inline std::uint32_t wordAt(const std::uint8_t* row, int x) {
+  std::uint32_t word;
+  std::memcpy(&word, row + std::size_t(x) * 4, sizeof word);
+  return word;
+}
+inline void setWordAt(std::uint8_t* row, int x, std::uint32_t word) {
+  std::memcpy(row + std::size_t(x) * 4, &word, sizeof word);
+}
+
 // Turns a row of ARGB words, in place, into words holding red, green, blue
 // and alpha from their lowest byte up, and says whether every pixel was
 // opaque.
 template <class Vectors>
-__attribute__((always_inline)) inline bool swapRedAndBlue(std::uint32_t* row, int width) {
+__attribute__((always_inline)) inline bool swapRedAndBlue(std::uint8_t* row, int width) {
   using Pixels = typename Vectors::Pixels;
   constexpr int kPixels = int(sizeof(Pixels) / 4);
   Pixels opaque = Pixels{} | 0xFF000000u;
   int x = 0;
   for (; x + kPixels <= width; x += kPixels) {
     Pixels p;
-    std::memcpy(&p, row + x, sizeof p);
+    std::memcpy(&p, row + std::size_t(x) * 4, sizeof p);
     opaque &= p;
     Pixels q = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
-    std::memcpy(row + x, &q, sizeof q);
+    std::memcpy(row + std::size_t(x) * 4, &q, sizeof q);
   }
   std::uint32_t lanes[kPixels];
   std::memcpy(lanes, &opaque, sizeof lanes);
   std::uint32_t all = 0xFF000000u;
   for (std::uint32_t lane : lanes) all &= lane;
   for (; x < width; ++x) {
-    std::uint32_t p = row[x];
+    std::uint32_t p = wordAt(row, x);
     all &= p;
-    row[x] = (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16);
+    setWordAt(row, x, (p & 0xFF00FF00u) | ((p >> 16) & 0xFFu) | ((p & 0xFFu) << 16));
   }
   return all == 0xFF000000u;
 }
@@ -70,26 +81,26 @@ __attribute__((always_inline)) inline bool swapRedAndBlue(std::uint32_t* row, in
 #if defined(__x86_64__)
 // Where the processor has them, 32-byte vectors halve the work; the
 // program is built for every x86-64, so it asks at run time.
-__attribute__((target("avx2"))) bool swapRedAndBlueWide(std::uint32_t* row, int width) {
+__attribute__((target("avx2"))) bool swapRedAndBlueWide(std::uint8_t* row, int width) {
   return swapRedAndBlue<Vectors32>(row, width);
 }
 
-bool swapRedAndBlueInRow(std::uint32_t* row, int width) {
+bool swapRedAndBlueInRow(std::uint8_t* row, int width) {
   static const bool wide = __builtin_cpu_supports("avx2");
   return wide ? swapRedAndBlueWide(row, width) : swapRedAndBlue<Vectors16>(row, width);
 }
 #else
-bool swapRedAndBlueInRow(std::uint32_t* row, int width) { return swapRedAndBlue<Vectors16>(row, width); }
+bool swapRedAndBlueInRow(std::uint8_t* row, int width) { return swapRedAndBlue<Vectors16>(row, width); }
 #endif
 
 // Undoes premultiplication for the translucent pixels of a swapped row.
-void straighten(std::uint32_t* row, int width) {
+void straighten(std::uint8_t* row, int width) {
   for (int x = 0; x < width; ++x) {
-    const std::uint32_t p = row[x];
+    const std::uint32_t p = wordAt(row, x);
     const std::uint32_t a = p >> 24;
     if (a == 255) continue;
     auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
-    row[x] = straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24;
+    setWordAt(row, x, straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24);
   }
 }
 
@@ -108,20 +119,19 @@ Surface surfaceOverPicture(Picture& picture) {
 }
 
 void straightenInPlace(Picture& picture) {
-  auto* words = reinterpret_cast<std::uint32_t*>(picture.rgba.data());
-  const std::size_t width = std::size_t(picture.width);
+  const std::size_t rowBytes = std::size_t(picture.width) * 4;
   for (std::size_t y = 0; y < std::size_t(picture.height); ++y) {
-    std::uint32_t* row = words + y * width;
+    std::uint8_t* row = picture.rgba.data() + y * rowBytes;
     // Screens are opaque almost everywhere: such a row only swaps red and
     // blue; only translucent pixels divide.
     if constexpr (std::endian::native == std::endian::little) {
       if (!swapRedAndBlueInRow(row, picture.width)) straighten(row, picture.width);
     } else {
-      for (std::size_t x = 0; x < width; ++x) {
-        const std::uint32_t p = row[x];
-        std::uint8_t* bytes = reinterpret_cast<std::uint8_t*>(row + x);
+      for (int x = 0; x < picture.width; ++x) {
+        const std::uint32_t p = wordAt(row, x);
         const std::uint32_t a = p >> 24;
         auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
+        std::uint8_t* bytes = row + std::size_t(x) * 4;
         bytes[0] = std::uint8_t(straight((p >> 16) & 255u));
         bytes[1] = std::uint8_t(straight((p >> 8) & 255u));
         bytes[2] = std::uint8_t(straight(p & 255u));
