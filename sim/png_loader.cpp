@@ -76,11 +76,14 @@ struct ClaimedSize {
   std::uint64_t height = 0;
 };
 
+// The signature, the header chunk's length and type, then its width and
+// height.
+constexpr std::size_t kHeaderBytes = 8 + 8 + 8;
+
 // The size the header (the IHDR chunk right after the signature) claims, so
 // that an absurd one is refused before the decoder allocates for it.
 std::optional<ClaimedSize> claimedSize(const std::vector<std::uint8_t>& file) {
-  constexpr std::size_t kIhdrEnd = 8 + 8 + 8;  // signature, chunk length and type, width and height
-  if (file.size() < kIhdrEnd || std::memcmp(file.data() + 12, "IHDR", 4) != 0) return std::nullopt;
+  if (file.size() < kHeaderBytes || std::memcmp(file.data() + 12, "IHDR", 4) != 0) return std::nullopt;
   return ClaimedSize{bigEndian32(file.data() + 16), bigEndian32(file.data() + 20)};
 }
 
@@ -89,7 +92,11 @@ std::optional<ClaimedSize> claimedSize(const std::vector<std::uint8_t>& file) {
 PngLoad loadPng(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return {nullptr, "cannot open " + path};
-  std::vector<std::uint8_t> file((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  // The signature and the header first: a file that is no PNG, or claims an
+  // absurd size, is refused before the rest of it is read.
+  std::vector<std::uint8_t> file(kHeaderBytes);
+  in.read(reinterpret_cast<char*>(file.data()), std::streamsize(file.size()));
+  file.resize(std::size_t(in.gcount()));
   if (file.size() < 8 || png_sig_cmp(file.data(), 0, 8) != 0) return {nullptr, path + " is not a PNG file"};
 
   if (auto size = claimedSize(file); size && size->width * size->height > kMaxPngPixels) {
@@ -99,6 +106,7 @@ PngLoad loadPng(const std::string& path) {
             true};
   }
 
+  file.insert(file.end(), std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   Decoding d;
   d.file = &file;
   png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &d, onError, onWarning);

@@ -3,9 +3,14 @@
 
 #include <png.h>
 
+#include <sys/stat.h>
+
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -178,6 +183,34 @@ TEST_F(PngLoader, AHugeClaimedSizeIsRefusedFromTheHeader) {
   EXPECT_FALSE(atLimit.tooLarge) << "exactly the limit is allowed";
   EXPECT_FALSE(atLimit.image) << "no picture data follows the header";
   EXPECT_FALSE(atLimit.error.empty());
+}
+
+// A file that is no PNG, or claims too many pixels, is judged by its first
+// bytes: the rest, however long, is never read. A pipe whose writer holds
+// it open stands for a file that goes on and on.
+TEST_F(PngLoader, AFileIsJudgedByItsHeaderBeforeTheRestIsRead) {
+  std::string pipe = (dir_ / "endless.png").string();
+  auto loadFromPipe = [&](const Bytes& start) {
+    EXPECT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    std::promise<void> loaded;
+    std::future_status pipeOpenUntil = std::future_status::timeout;
+    std::thread writer([&] {
+      std::ofstream out(pipe, std::ios::binary);
+      out.write(reinterpret_cast<const char*>(start.data()), std::streamsize(start.size()));
+      out.flush();
+      // Held open until the loader is done, or for ten seconds at most.
+      pipeOpenUntil = loaded.get_future().wait_for(std::chrono::seconds(10));
+    });
+    PngLoad result = loadPng(pipe);
+    loaded.set_value();
+    writer.join();
+    fs::remove(pipe);
+    EXPECT_EQ(pipeOpenUntil, std::future_status::ready) << "the loader waited for the end of the file";
+    return result;
+  };
+  Bytes text(24, 'x');
+  EXPECT_NE(loadFromPipe(text).error.find("not a PNG"), std::string::npos);
+  EXPECT_TRUE(loadFromPipe(headerOnly(1'000'000, 1'000'000)).tooLarge);
 }
 
 }  // namespace
