@@ -80,7 +80,8 @@ bool isKnownGesture(const std::string& gesture) {
   return std::find(std::begin(kGestures), std::end(kGestures), gesture) != std::end(kGestures);
 }
 
-bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold) {
+bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold,
+                    double pressedFor) {
   if (!isKnownGesture(gesture)) return false;
   auto* home = host.homeScreen();
   auto icon = home ? home->iconFor(identifier) : nullptr;
@@ -108,8 +109,9 @@ bool performGesture(SimHost& host, const std::string& identifier, const std::str
   auto send = [weak] {
     if (auto recognizer = weak.lock()) recognizer->sendAction();
   };
-  host.queue().schedule(host.time() + kLongPressBegins, send);
-  host.queue().schedule(host.time() + hold, send);
+  const double down = host.time() - std::clamp(pressedFor, 0.0, hold);
+  host.queue().schedule(std::max(host.time(), down + kLongPressBegins), send);
+  host.queue().schedule(std::max(host.time(), down + hold), send);
   return true;
 }
 

@@ -30,7 +30,11 @@ bool recognizes(const SimGestureRecognizer& recognizer, const std::string& gestu
 // goes down) and again when the finger lifts after `hold` seconds. A plain
 // tap that no recognizer takes launches the icon's application unless the
 // home screen is being edited. False when the icon or gesture is unknown.
-bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold);
+// `pressedFor` says how long the finger has already been down when the
+// gesture is made known (a live finger is known to hold only once it has):
+// the long press's moments come that much sooner, none before now.
+bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold,
+                    double pressedFor = 0);
 
 bool isKnownGesture(const std::string& gesture);
 

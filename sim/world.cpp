@@ -130,11 +130,11 @@ bool World::layout(const std::optional<std::string>& bundleIdentifier) {
   return true;
 }
 
-bool World::gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold) {
+bool World::gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold, double pressedFor) {
   auto& s = *state_;
   if (!isKnownGesture(gesture) || !s.home().iconViewFor(s.home().iconFor(bundleIdentifier).get())) return false;
   s.event("gesture", {{"icon", bundleIdentifier}, {"gesture", gesture}, {"hold", hold}},
-          [&] { performGesture(*s.host, bundleIdentifier, gesture, hold); });
+          [&] { performGesture(*s.host, bundleIdentifier, gesture, hold, pressedFor); });
   return true;
 }
 

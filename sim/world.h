@@ -46,8 +46,10 @@ class World {
   void lock();
   bool layout(const std::optional<std::string>& bundleIdentifier);
   // `gesture`: "swipeUp", "swipeDown", "tap", "doubleTap", "tripleTap",
-  // "tapAndHold", "hold"; `hold` is how long the finger stays down.
-  bool gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold);
+  // "tapAndHold", "hold"; `hold` is how long the finger stays down, of
+  // which `pressedFor` has passed already (a live finger's long press is
+  // known only once it has lasted).
+  bool gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold, double pressedFor = 0);
   void tap(const host::Point& windowPoint);
   bool tapRow(long long row);
   void home(bool handled);

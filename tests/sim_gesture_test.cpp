@@ -47,9 +47,9 @@ class Gestures : public ::testing::Test {
     r->setNumberOfTapsRequired(taps);
     return attach(r);
   }
-  bool perform(const std::string& gesture, double hold = 1.0) {
+  bool perform(const std::string& gesture, double hold = 1.0, double pressedFor = 0) {
     bool known = false;
-    host.runTurn([&] { known = performGesture(host, kMail, gesture, hold); });
+    host.runTurn([&] { known = performGesture(host, kMail, gesture, hold, pressedFor); });
     return known;
   }
 
@@ -97,6 +97,18 @@ TEST_F(Gestures, ALongPressBeginsAfterHalfASecondAndEndsWhenTheFingerLifts) {
   perform("hold", 0.3);
   host.advanceTo(20);
   EXPECT_EQ(log->calls.size(), 2u) << "lifted before the press began";
+
+  // Made known after the finger has been down a while, as a live finger's
+  // is: its moments come that much sooner, and none before now.
+  perform("hold", 1.0, 0.2);
+  host.advanceTo(30);
+  perform("hold", 0.6, 0.6);
+  host.advanceTo(40);
+  ASSERT_EQ(log->calls.size(), 6u);
+  EXPECT_DOUBLE_EQ(log->calls[2].time, 20.3);
+  EXPECT_DOUBLE_EQ(log->calls[3].time, 20.8);
+  EXPECT_DOUBLE_EQ(log->calls[4].time, 30);
+  EXPECT_DOUBLE_EQ(log->calls[5].time, 30);
 }
 
 TEST_F(Gestures, ATapAndHoldNeedsTheTapAndAPlainHoldMustHaveNone) {

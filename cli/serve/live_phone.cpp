@@ -1,8 +1,11 @@
 #include "cli/serve/live_phone.h"
 
+#include <algorithm>
+
 #include "cli/serve/screen_hit.h"
 #include "sim/home_screen.h"
 #include "sim/sim_host.h"
+#include "sim/touch_input.h"
 #include "sim/world.h"
 
 namespace tessel::cli::serve {
@@ -22,9 +25,9 @@ LivePhone::~LivePhone() = default;
 
 double LivePhone::now() const { return world_->time(); }
 
-bool LivePhone::gesture(const std::string& icon, const std::string& gesture, double hold) {
-  if (!world_->gesture(icon, gesture, hold)) return false;
-  log_.add(now(), "gesture", {{"icon", icon}, {"gesture", gesture}, {"hold", hold}});
+bool LivePhone::gesture(const std::string& icon, const std::string& gesture, double hold, double pressedFor) {
+  if (!world_->gesture(icon, gesture, hold, pressedFor)) return false;
+  log_.add(now() - pressedFor, "gesture", {{"icon", icon}, {"gesture", gesture}, {"hold", hold}});
   return true;
 }
 
@@ -103,6 +106,7 @@ bool LivePhone::closeFolder(const std::string& name) {
 }
 
 void LivePhone::touchDown(const host::Point& point, double t) {
+  fingerDownAt_ = now();
   auto lookup = [this](const host::Point& p) { return touchTargetAt(world_->host(), p); };
   perform(touches_.down(point, t, lookup));
 }
@@ -122,7 +126,14 @@ void LivePhone::perform(const std::vector<TouchOutcome>& outcomes) {
         fingerTap(outcome.point);
         break;
       case TouchOutcome::Kind::iconGesture:
-        gesture(outcome.icon, outcome.gesture, outcome.hold);
+        if (outcome.gesture == "hold" || outcome.gesture == "tapAndHold") {
+          // A long press is known only once the finger has stayed down; it
+          // began when the finger went down, as on the phone.
+          double pressedFor = std::max(0.0, now() - fingerDownAt_);
+          gesture(outcome.icon, outcome.gesture, std::max(sim::kLongPressBegins, pressedFor), pressedFor);
+        } else {
+          gesture(outcome.icon, outcome.gesture, outcome.hold);
+        }
         break;
       case TouchOutcome::Kind::pageSwipe:
         if (const auto* home = world_->host().homeScreen(); home && home->openFolderName().empty())

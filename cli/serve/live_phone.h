@@ -30,7 +30,9 @@ class LivePhone {
   const sim::World& world() const { return *world_; }
   const SessionLog& log() const { return log_; }
 
-  bool gesture(const std::string& icon, const std::string& gesture, double hold);
+  // `pressedFor`: how much of `hold` had passed before the gesture was
+  // known; it is logged from when the finger went down.
+  bool gesture(const std::string& icon, const std::string& gesture, double hold, double pressedFor = 0);
   void tap(const host::Point& point);
   bool tapRow(long long row);
   void settings(const sim::WorldConfig::Settings& settings);
@@ -67,6 +69,7 @@ class LivePhone {
   std::unique_ptr<sim::World> world_;
   SessionLog log_;
   TouchClassifier touches_;
+  double fingerDownAt_ = 0;  // the phone's time when the finger last went down
   sim::WorldConfig::Settings settings_;
   bool keyboardShown_ = false;
 };

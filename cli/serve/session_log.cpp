@@ -1,11 +1,16 @@
 #include "cli/serve/session_log.h"
 
+#include <algorithm>
+
 namespace tessel::cli::serve {
 
 void SessionLog::add(double at, const std::string& action, const Json& fields) {
   Json event = {{"at", at}, {"do", action}};
   for (const auto& [key, value] : fields.items()) event[key] = value;
-  events_.push_back(std::move(event));
+  // In time order: a long press is logged from when its finger went down.
+  auto later = std::upper_bound(events_.begin(), events_.end(), at,
+                                [](double t, const Json& logged) { return t < logged["at"].get<double>(); });
+  events_.insert(later, std::move(event));
 }
 
 Json SessionLog::scenario(const Json& seedDocument) const {

@@ -8,7 +8,8 @@
 namespace tessel::cli::serve {
 
 // Every event the server performed on the phone, at the simulated time it
-// performed it, in the scenario's event format: played by `tessel-sim run`
+// performed it (a long press from when its finger went down), in time
+// order and in the scenario's event format: played by `tessel-sim run`
 // after the same phone, they bring it to the same state.
 class SessionLog {
  public:
