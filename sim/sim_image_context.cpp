@@ -71,12 +71,14 @@ void SimImageContext::fillRect(const host::Rect& rect) {
     }
     return;
   }
-  // An opaque fill covers what was there: the same four bytes everywhere.
+  // An opaque fill covers what was there: the same four bytes everywhere,
+  // so the first row is filled and the others copy it.
+  if (x0 >= x1 || y0 >= y1) return;
   const std::uint8_t pixel[4] = {toByte(color.b), toByte(color.g), toByte(color.r), 255};
-  for (std::size_t y = y0; y < y1; ++y) {
-    std::uint8_t* row = &bytes_[(y * width_) * 4];
-    for (std::size_t x = x0; x < x1; ++x) std::memcpy(row + x * 4, pixel, 4);
-  }
+  const std::size_t spanBytes = (x1 - x0) * 4;
+  std::uint8_t* first = &bytes_[(y0 * width_ + x0) * 4];
+  for (std::size_t x = 0; x < spanBytes; x += 4) std::memcpy(first + x, pixel, 4);
+  for (std::size_t y = y0 + 1; y < y1; ++y) std::memcpy(&bytes_[(y * width_ + x0) * 4], first, spanBytes);
 }
 
 void SimImageContext::drawImage(const host::Ref<host::Image>& image, const host::Rect& rect, int blendMode,
