@@ -80,21 +80,26 @@ bool isKnownGesture(const std::string& gesture) {
   return std::find(std::begin(kGestures), std::end(kGestures), gesture) != std::end(kGestures);
 }
 
+std::shared_ptr<SimGestureRecognizer> recognizerTaking(SimHost& host, const std::string& identifier,
+                                                       const std::string& gesture) {
+  auto* home = host.homeScreen();
+  auto icon = home ? home->iconFor(identifier) : nullptr;
+  auto view = home ? home->iconViewFor(icon.get()) : nullptr;
+  if (!view) return nullptr;
+  for (const auto& recognizer : view->recognizers()) {
+    if (recognizes(*recognizer, gesture)) return recognizer;
+  }
+  return nullptr;
+}
+
 bool performGesture(SimHost& host, const std::string& identifier, const std::string& gesture, double hold,
                     double pressedFor) {
   if (!isKnownGesture(gesture)) return false;
   auto* home = host.homeScreen();
-  auto icon = home ? home->iconFor(identifier) : nullptr;
-  auto view = home ? home->iconViewFor(icon.get()) : nullptr;
+  auto view = home ? home->iconViewFor(home->iconFor(identifier).get()) : nullptr;
   if (!view) return false;
 
-  std::shared_ptr<SimGestureRecognizer> taker;
-  for (const auto& recognizer : view->recognizers()) {
-    if (recognizes(*recognizer, gesture)) {
-      taker = recognizer;
-      break;
-    }
-  }
+  std::shared_ptr<SimGestureRecognizer> taker = recognizerTaking(host, identifier, gesture);
   if (!taker) {
     if (gesture == "tap") launchFromHomeScreen(host, *view);
     return true;

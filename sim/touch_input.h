@@ -38,6 +38,11 @@ bool performGesture(SimHost& host, const std::string& identifier, const std::str
 
 bool isKnownGesture(const std::string& gesture);
 
+// The first recognizer attached to the icon's home-screen view that takes
+// the gesture, or null.
+std::shared_ptr<SimGestureRecognizer> recognizerTaking(SimHost& host, const std::string& identifier,
+                                                       const std::string& gesture);
+
 // The first table in the key window's tree (the open panel's list), or nothing.
 std::shared_ptr<SimTableView> firstTableInWindow(SimHost& host);
 

@@ -6,6 +6,7 @@
 #include "hooks/library.h"
 #include "hooks/settings_schema.h"
 #include "host/hooked_methods.h"
+#include "sim/held_press.h"
 #include "sim/home_screen.h"
 #include "sim/json_values.h"
 #include "sim/property_list.h"
@@ -136,6 +137,19 @@ bool World::gesture(const std::string& bundleIdentifier, const std::string& gest
   s.event("gesture", {{"icon", bundleIdentifier}, {"gesture", gesture}, {"hold", hold}},
           [&] { performGesture(*s.host, bundleIdentifier, gesture, hold, pressedFor); });
   return true;
+}
+
+std::shared_ptr<HeldPress> World::pressAndHold(const std::string& bundleIdentifier, const std::string& gesture,
+                                               double pressedFor) {
+  auto& s = *state_;
+  std::shared_ptr<HeldPress> press;
+  s.event("pressAndHold", {{"icon", bundleIdentifier}, {"gesture", gesture}, {"pressedFor", pressedFor}},
+          [&] { press = HeldPress::press(*s.host, bundleIdentifier, gesture, pressedFor); });
+  return press;
+}
+
+void World::lift(HeldPress& press) {
+  state_->event("lift", {}, [&] { press.lift(); });
 }
 
 void World::tap(const host::Point& windowPoint) {

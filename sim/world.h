@@ -17,6 +17,7 @@ class Library;
 
 namespace tessel::sim {
 
+class HeldPress;
 class SimHost;
 
 // A simulated phone: the substitute host with its home screen, the library
@@ -50,6 +51,12 @@ class World {
   // which `pressedFor` has passed already (a live finger's long press is
   // known only once it has lasted).
   bool gesture(const std::string& bundleIdentifier, const std::string& gesture, double hold, double pressedFor = 0);
+  // A live finger's long press ("hold" or "tapAndHold"), down for
+  // `pressedFor` seconds already, held until `lift`; null when nothing on
+  // the icon takes it.
+  std::shared_ptr<HeldPress> pressAndHold(const std::string& bundleIdentifier, const std::string& gesture,
+                                          double pressedFor);
+  void lift(HeldPress& press);
   void tap(const host::Point& windowPoint);
   bool tapRow(long long row);
   void home(bool handled);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "sim/held_press.h"
 #include "sim/home_screen.h"
 #include "sim/touch_input.h"
 #include "sim_test_host.h"
@@ -109,6 +110,35 @@ TEST_F(Gestures, ALongPressBeginsAfterHalfASecondAndEndsWhenTheFingerLifts) {
   EXPECT_DOUBLE_EQ(log->calls[3].time, 20.8);
   EXPECT_DOUBLE_EQ(log->calls[4].time, 30);
   EXPECT_DOUBLE_EQ(log->calls[5].time, 30);
+}
+
+TEST_F(Gestures, AHeldPressBeginsHalfASecondAfterItsFingerWentDownAndEndsWhenItLifts) {
+  EXPECT_FALSE(HeldPress::press(host, kMail, "hold", 0)) << "no long-press recognizer on the icon";
+  auto recognizer = longPress(0);
+  host.advanceTo(2);
+  std::shared_ptr<HeldPress> press;
+  host.runTurn([&] { press = HeldPress::press(host, kMail, "hold", 0.2); });
+  ASSERT_TRUE(press);
+  host.advanceTo(3);
+  host.runTurn([&] { press->lift(); });
+  host.runTurn([&] { press->lift(); });  // one lift ends it; a second does nothing
+  ASSERT_EQ(log->calls.size(), 2u);
+  EXPECT_DOUBLE_EQ(log->calls[0].time, 2.3);
+  EXPECT_DOUBLE_EQ(log->calls[1].time, 3);
+  EXPECT_EQ(log->calls[1].sender, host::identityOf(recognizer));
+
+  // Known after the half second, it begins at once.
+  host.runTurn([&] { press = HeldPress::press(host, kMail, "hold", 0.7); });
+  host.advanceTo(3.01);
+  EXPECT_EQ(log->calls.size(), 3u);
+  host.runTurn([&] { press->lift(); });
+
+  // Lifted before it began, it never was a long press.
+  host.runTurn([&] { press = HeldPress::press(host, kMail, "hold", 0); });
+  host.advanceTo(3.2);
+  host.runTurn([&] { press->lift(); });
+  host.advanceTo(10);
+  EXPECT_EQ(log->calls.size(), 4u);
 }
 
 TEST_F(Gestures, ATapAndHoldNeedsTheTapAndAPlainHoldMustHaveNone) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cli/serve/screen_hit.h"
+#include "sim/held_press.h"
 #include "sim/home_screen.h"
 #include "sim/sim_host.h"
 #include "sim/touch_input.h"
@@ -106,6 +107,8 @@ bool LivePhone::closeFolder(const std::string& name) {
 }
 
 void LivePhone::touchDown(const host::Point& point, double t) {
+  liftHeld();  // a finger lost without its up
+  fingerDown_ = true;
   fingerDownAt_ = now();
   auto lookup = [this](const host::Point& p) { return touchTargetAt(world_->host(), p); };
   perform(touches_.down(point, t, lookup));
@@ -113,9 +116,17 @@ void LivePhone::touchDown(const host::Point& point, double t) {
 
 void LivePhone::touchMove(const host::Point& point, double t) { perform(touches_.move(point, t)); }
 
-void LivePhone::touchUp(const host::Point& point, double t) { perform(touches_.up(point, t)); }
+void LivePhone::touchUp(const host::Point& point, double t) {
+  fingerDown_ = false;
+  perform(touches_.up(point, t));
+  liftHeld();
+}
 
-void LivePhone::touchCancel() { perform(touches_.cancel()); }
+void LivePhone::touchCancel() {
+  fingerDown_ = false;
+  perform(touches_.cancel());
+  liftHeld();
+}
 
 void LivePhone::pollTouches(double t) { perform(touches_.poll(t)); }
 
@@ -127,10 +138,7 @@ void LivePhone::perform(const std::vector<TouchOutcome>& outcomes) {
         break;
       case TouchOutcome::Kind::iconGesture:
         if (outcome.gesture == "hold" || outcome.gesture == "tapAndHold") {
-          // A long press is known only once the finger has stayed down; it
-          // began when the finger went down, as on the phone.
-          double pressedFor = std::max(0.0, now() - fingerDownAt_);
-          gesture(outcome.icon, outcome.gesture, std::max(sim::kLongPressBegins, pressedFor), pressedFor);
+          longPress(outcome.icon, outcome.gesture);
         } else {
           gesture(outcome.icon, outcome.gesture, outcome.hold);
         }
@@ -141,6 +149,28 @@ void LivePhone::perform(const std::vector<TouchOutcome>& outcomes) {
         break;
     }
   }
+}
+
+void LivePhone::longPress(const std::string& icon, const std::string& gesture) {
+  // Known only once the finger has stayed down, the press began when the
+  // finger went down, as on the phone.
+  double pressedFor = std::max(0.0, now() - fingerDownAt_);
+  if (!fingerDown_) {
+    this->gesture(icon, gesture, std::max(sim::kLongPressBegins, pressedFor), pressedFor);
+    return;
+  }
+  liftHeld();
+  held_ = Held{world_->pressAndHold(icon, gesture, pressedFor), icon, gesture, fingerDownAt_};
+}
+
+void LivePhone::liftHeld() {
+  if (!held_) return;
+  Held held = std::move(*held_);
+  held_.reset();
+  if (held.press) world_->lift(*held.press);
+  // Played back, the same press: down when the finger went down, for as
+  // long as it stayed.
+  log_.add(held.downAt, "gesture", {{"icon", held.icon}, {"gesture", held.gesture}, {"hold", now() - held.downAt}});
 }
 
 void LivePhone::fingerTap(const host::Point& point) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,8 +11,9 @@
 #include "sim/world_config.h"
 
 namespace tessel::sim {
+class HeldPress;
 class World;
-}
+}  // namespace tessel::sim
 
 namespace tessel::cli::serve {
 
@@ -61,6 +63,10 @@ class LivePhone {
 
  private:
   void perform(const std::vector<TouchOutcome>& outcomes);
+  // A long press known while its finger is down lasts until the finger
+  // lifts; one known only as it lifts is over at once.
+  void longPress(const std::string& icon, const std::string& gesture);
+  void liftHeld();
   // A tap as a finger makes it: a folder's icon opens the folder, a tap on
   // nothing closes an open folder, anything else goes to the host.
   void fingerTap(const host::Point& point);
@@ -69,7 +75,16 @@ class LivePhone {
   std::unique_ptr<sim::World> world_;
   SessionLog log_;
   TouchClassifier touches_;
+  bool fingerDown_ = false;
   double fingerDownAt_ = 0;  // the phone's time when the finger last went down
+  // A long press whose finger is still down, logged once it lifts.
+  struct Held {
+    std::shared_ptr<sim::HeldPress> press;
+    std::string icon;
+    std::string gesture;
+    double downAt = 0;
+  };
+  std::optional<Held> held_;
   sim::WorldConfig::Settings settings_;
   bool keyboardShown_ = false;
 };
