@@ -42,11 +42,19 @@ void onError(png_structp png, png_const_charp message) {
 
 void onWarning(png_structp, png_const_charp) {}
 
+constexpr std::uint64_t kMostInflatedPerByte = 1032;
+
 // Returns false with d.message set when libpng gives up.
 bool decode(png_structp png, png_infop info, Decoding& d) {
   if (setjmp(png_jmpbuf(png))) return false;
   png_set_read_fn(png, &d, readFromMemory);
   png_read_info(png, info);
+  // Deflate makes at most 1032 bytes of 1: a file too short to hold the
+  // rows its header claims is refused before room is made for them.
+  const std::uint64_t storedRows =
+      (std::uint64_t{png_get_rowbytes(png, info)} + 1) * std::uint64_t{png_get_image_height(png, info)};
+  if (storedRows > kMostInflatedPerByte * std::uint64_t{d.file->size()})
+    png_error(png, "the file is too short for the pixels its header claims");
   png_byte colorType = png_get_color_type(png, info);
   bool hasAlpha = (colorType & PNG_COLOR_MASK_ALPHA) || png_get_valid(png, info, PNG_INFO_tRNS);
   png_set_expand(png);

@@ -154,14 +154,22 @@ TEST_F(PngLoader, BadFilesGiveAnErrorNamingThem) {
   }
 }
 
-// The signature and a header chunk claiming `width` x `height` RGBA pixels,
-// with no picture data after it.
+// The signature and a whole header chunk claiming `width` x `height` RGBA
+// pixels, with no picture data after it.
 Bytes headerOnly(png_uint_32 width, png_uint_32 height) {
   Bytes bytes = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
   for (png_uint_32 value : {width, height}) {
     for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(value >> shift));
   }
-  for (std::uint8_t byte : {8, 6, 0, 0, 0, 0, 0, 0, 0}) bytes.push_back(byte);
+  for (std::uint8_t byte : {8, 6, 0, 0, 0}) bytes.push_back(byte);
+  // The chunk's CRC-32 over its type and data, so that the header is whole.
+  std::uint32_t crc = 0xFFFFFFFFu;
+  for (std::size_t i = 12; i < bytes.size(); ++i) {
+    crc ^= bytes[i];
+    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+  }
+  crc ^= 0xFFFFFFFFu;
+  for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(crc >> shift));
   return bytes;
 }
 
@@ -183,6 +191,14 @@ TEST_F(PngLoader, AHugeClaimedSizeIsRefusedFromTheHeader) {
   EXPECT_FALSE(atLimit.tooLarge) << "exactly the limit is allowed";
   EXPECT_FALSE(atLimit.image) << "no picture data follows the header";
   EXPECT_FALSE(atLimit.error.empty());
+
+  // The start of a data chunk too short for what the header claims: not
+  // a byte of room is made for its 256 MB of pixels.
+  Bytes stub = headerOnly(8000, 8000);
+  const Bytes dataStart = {0, 0, 0, 8, 'I', 'D', 'A', 'T', 0x78, 0x9c, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+  stub.insert(stub.end(), dataStart.begin(), dataStart.end());
+  std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(stub.data()), stub.size());
+  EXPECT_EQ(loadPng(path).error, path + ": the file is too short for the pixels its header claims");
 }
 
 // A file that is no PNG, or claims too many pixels, is judged by its first
