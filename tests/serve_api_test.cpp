@@ -379,7 +379,10 @@ TEST_F(Serve, SeveralViewersAtOnceShareOnePhone) {
 TEST_F(Serve, TheSessionDownloadsAsAScenarioThatReplaysToTheSameState) {
   json s = state();
   json from = iconCenter(s, "com.example.weather");
-  act("/api/lock", {{"locked", false}});
+  double unlocked = act("/api/lock", {{"locked", false}});
+  // The unlock finishes a little later, and a panel open by then would be
+  // closed by it, as by any foreign action.
+  waitFor("the unlock to finish", [&](const json& s) { return s["time"].get<double>() > unlocked + 1; });
   act("/api/touch", {{"phase", "down"}, {"point", from}});
   act("/api/touch", {{"phase", "up"}, {"point", {from[0], from[1].get<double>() - 90}}});
   waitFor("the Weather panel", [](const json& s) { return panelOf(s, "com.example.weather"); });
