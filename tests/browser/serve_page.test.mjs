@@ -174,6 +174,10 @@ test('a click on a row closes the panel and launches the app', async () => {
 });
 
 test('light mode shows the panel on a white backdrop', async () => {
+  // The launch before this finishes a little later, and would close a panel
+  // opened sooner, as any foreign action does.
+  const launched = (await state()).time;
+  await until('the launch to finish', (s) => s.time > launched + 1);
   await page.locator('#darkMode').uncheck();
   const light = await until('dark mode off', (s) => s.shared.darkMode === false);
   await swipeUp(light, 'com.example.weather');
