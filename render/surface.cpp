@@ -93,14 +93,20 @@ bool swapRedAndBlueInRow(std::uint8_t* row, int width) {
 bool swapRedAndBlueInRow(std::uint8_t* row, int width) { return swapRedAndBlue<Vectors16>(row, width); }
 #endif
 
+// One channel premultiplied by `alpha`, undone.
+std::uint32_t straight(std::uint32_t channel, std::uint32_t alpha) {
+  return alpha == 0 ? 0u : std::min(255u, (channel * 255 + alpha / 2) / alpha);
+}
+
 // Undoes premultiplication for the translucent pixels of a swapped row.
 void straighten(std::uint8_t* row, int width) {
   for (int x = 0; x < width; ++x) {
     const std::uint32_t p = wordAt(row, x);
     const std::uint32_t a = p >> 24;
     if (a == 255) continue;
-    auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
-    setWordAt(row, x, straight(p & 255u) | straight((p >> 8) & 255u) << 8 | straight((p >> 16) & 255u) << 16 | a << 24);
+    setWordAt(
+        row, x,
+        straight(p & 255u, a) | straight((p >> 8) & 255u, a) << 8 | straight((p >> 16) & 255u, a) << 16 | a << 24);
   }
 }
 
@@ -130,11 +136,10 @@ void straightenInPlace(Picture& picture) {
       for (int x = 0; x < picture.width; ++x) {
         const std::uint32_t p = wordAt(row, x);
         const std::uint32_t a = p >> 24;
-        auto straight = [a](std::uint32_t c) { return a == 0 ? 0u : std::min(255u, (c * 255 + a / 2) / a); };
         std::uint8_t* bytes = row + std::size_t(x) * 4;
-        bytes[0] = std::uint8_t(straight((p >> 16) & 255u));
-        bytes[1] = std::uint8_t(straight((p >> 8) & 255u));
-        bytes[2] = std::uint8_t(straight(p & 255u));
+        bytes[0] = std::uint8_t(straight((p >> 16) & 255u, a));
+        bytes[1] = std::uint8_t(straight((p >> 8) & 255u, a));
+        bytes[2] = std::uint8_t(straight(p & 255u, a));
         bytes[3] = std::uint8_t(a);
       }
     }
